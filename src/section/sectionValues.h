@@ -1,0 +1,58 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "util/OneBased.h"
+
+namespace KelvaneMain {
+
+inline constexpr float kMissingValue = -1e35F;
+
+// A value counts when it is above the missing marker, compared in single precision (NaN does
+// not).
+inline bool isValue(float value) { return value > kMissingValue; }
+
+// The values of one section read, columns 1..ncols by levels 1..nlevels, with everything that a
+// later repaint needs of the data set and path they came from.
+class SectionGrid {
+ public:
+  // Sizes the grid afresh, all zero and unmarked; no column or no level is run-time error 9.
+  void size(int32_t ncols, int32_t nlevels);
+
+  int32_t ncols() const { return ncols_; }
+  int32_t nlevels() const { return nlevels_; }
+  bool empty() const { return values_.empty(); }
+
+  float value(int32_t c, int32_t k) const { return values_[place(c, k)]; }
+  // 1 where a value stands, 0 where none does; 2..9 are never stored by the reader.
+  int16_t mark(int32_t c, int32_t k) const { return marks_[place(c, k)]; }
+  // Stores a value and marks it.
+  void store(int32_t c, int32_t k, float value);
+
+  std::vector<double> depths;   // depth of level k at [k], k = 0..nlevels; [0] is never drawn
+  float section_depth_max = 0;  // the deepest level
+
+  // Depth of level k (1..nlevels); outside is error 9.
+  double depth(int32_t k) const;
+
+ private:
+  std::size_t place(int32_t c, int32_t k) const;
+  int32_t ncols_ = 0, nlevels_ = 0;
+  std::vector<float> values_;  // levels of a column side by side
+  std::vector<int16_t> marks_;
+};
+
+// The grid held from the last read (section_values with its marks and depths).
+extern SectionGrid section_values;
+
+// Reads variable nvar_it at a time step (both from 1) along the section into section_values
+// and sets the extremes of the item shown. Returns time_step, or -1 with the reason in
+// LastError.
+int32_t ReadVSData(int32_t nvar_it, int32_t time_step);
+
+// The plotting-range step over the whole item list: an item gets its range from its extremes
+// while it has none.
+void RoundPlotRange();
+
+}  // namespace KelvaneMain

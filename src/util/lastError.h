@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace util {
+
+// Text of the last failure, as ErrorMessage gives it to the host. Success never clears it.
+extern std::string LastError;
+
+// Report a trapped run-time error; call these inside a catch block.
+// "[Routine] Error: description", for routines whose messages carry a bracketed tag.
+void reportBracketed(std::string_view routine);
+// "Module Routine: number, KelvaneCtl, description", for routines tagged with module and name.
+void reportTagged(std::string_view tag);
+
+}  // namespace util
