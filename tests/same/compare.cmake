@@ -1,0 +1,22 @@
+# Runs one scenario natively and through the emulator and compares the two dumps byte for byte.
+file(REMOVE_RECURSE ${WORK})
+file(MAKE_DIRECTORY ${WORK})
+if(SCENARIO MATCHES "@SAMPLES@")
+  execute_process(COMMAND ${SAMPLES} ${WORK} COMMAND_ERROR_IS_FATAL ANY)
+endif()
+string(REPLACE "@SAMPLES@" "${WORK}" SCENARIO "${SCENARIO}")
+string(REPLACE "@ATLAS@" "${ATLAS}" SCENARIO "${SCENARIO}")
+execute_process(COMMAND ${NATIVE} ${WORK}/native.txt ${SCENARIO} COMMAND_ERROR_IS_FATAL ANY)
+execute_process(COMMAND ${EMULATOR} ${WINDOWS} ${WORK}/windows.txt ${SCENARIO}
+  COMMAND_ERROR_IS_FATAL ANY)
+file(SIZE ${WORK}/native.txt size)
+if(size LESS 1000)
+  message(FATAL_ERROR "the dump of ${SCENARIO} holds no section")
+endif()
+execute_process(COMMAND ${CMAKE_COMMAND} -E compare_files ${WORK}/native.txt ${WORK}/windows.txt
+  RESULT_VARIABLE differ)
+if(differ)
+  execute_process(COMMAND diff ${WORK}/native.txt ${WORK}/windows.txt OUTPUT_VARIABLE lines)
+  string(SUBSTRING "${lines}" 0 2000 lines)
+  message(FATAL_ERROR "the Windows build differs from the native one:\n${lines}")
+endif()
