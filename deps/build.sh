@@ -1,0 +1,73 @@
+# shellcheck shell=bash
+# Cross-builds netCDF with what it stands on (zlib, curl, HDF5) as static Windows libraries from the
+# distribution's source packages. Source it after setup/common.sh; it needs setup/sources.sh and
+# setup/prefix.sh.
+
+DEPS_DIR=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")" && pwd -P)
+
+# shellcheck source=deps/zlib.sh
+. "$DEPS_DIR/zlib.sh"
+# shellcheck source=deps/curl.sh
+. "$DEPS_DIR/curl.sh"
+# shellcheck source=deps/hdf5.sh
+. "$DEPS_DIR/hdf5.sh"
+# shellcheck source=deps/netcdf.sh
+. "$DEPS_DIR/netcdf.sh"
+
+deps_toolchain() {
+  printf '%s/cmake/mingw-%s.cmake\n' "$KELVANE_ROOT" "$1"
+}
+
+# deps_prefix ARCH is where the headers and libraries for ARCH (i686) are, or will be once
+# install_deps has run: keyed by recipes, source versions and compiler.
+deps_prefix() {
+  local arch=$1
+  printf '%s/deps-%s-%s\n' "$KELVANE_CACHE" "$arch" "$({
+    cat -- "$DEPS_DIR"/*.sh "$DEPS_DIR"/*.in "$DEPS_DIR/run-hdf5-probe" \
+      "$(deps_toolchain "$arch")" "$(sources_dir)/versions"
+    "$arch-w64-mingw32-g++-posix" --version
+  } | recipe_hash)"
+}
+
+# unpack_source NAME unpacks the source package, patched as the distribution does, to WORK/NAME.
+unpack_source() {
+  rm -rf -- "${WORK:?}/$1"
+  dpkg-source --no-check -x "$(sources_dir)/$1"_*.dsc "$WORK/$1"
+}
+
+# cross_cmake NAME options... configures WORK/NAME for ARCH in WORK/NAME-build, builds and installs
+# it. Runs inside the build folder, because a probe of HDF5 leaves its answer in the current one.
+cross_cmake() {
+  local name=$1
+  shift
+  mkdir -p -- "$WORK/$name-build"
+  cd -- "$WORK/$name-build" || return 1
+  cmake -G Ninja -Wno-dev "$WORK/$name" \
+    -DCMAKE_TOOLCHAIN_FILE="$(deps_toolchain "$ARCH")" -DKELVANE_DEPS="$PREFIX" \
+    -DCMAKE_BUILD_TYPE=Release -DCMAKE_C_FLAGS_RELEASE='-O2 -DNDEBUG' \
+    -DCMAKE_INSTALL_PREFIX="$PREFIX" -DCMAKE_INSTALL_LIBDIR=lib \
+    -DCMAKE_FIND_USE_PACKAGE_REGISTRY=OFF \
+    -DBUILD_SHARED_LIBS=OFF -DBUILD_TESTING=OFF "$@" &&
+    cmake --build . && cmake --install .
+}
+
+# The cross-compiler must not see the machine's /usr/include, only the headers of Boost in it.
+link_boost() {
+  ln -sfn /usr/include/boost "$PREFIX/include/boost"
+}
+
+# install_deps ARCH builds whatever is not there.
+install_deps() {
+  local ARCH=$1 PREFIX WORK
+  PREFIX=$(deps_prefix "$ARCH")
+  [ -e "$PREFIX/complete" ] && return 0
+  WORK=$PREFIX.work
+  rm -rf -- "$PREFIX" "$WORK"
+  mkdir -p -- "$PREFIX/include" "$PREFIX/lib" "$WORK"
+  step "deps-$ARCH-zlib" "building zlib for Windows (about 5 s)" build_zlib &&
+    step "deps-$ARCH-curl" "building curl for Windows (about 30 s)" build_curl &&
+    step "deps-$ARCH-hdf5" "building HDF5 for Windows (about 45 s)" build_hdf5 &&
+    step "deps-$ARCH-netcdf" "building netCDF for Windows (about 20 s)" build_netcdf &&
+    link_boost && cp -- "$DEPS_DIR/kelvane-deps.cmake.in" "$PREFIX/kelvane-deps.cmake" &&
+    touch -- "$PREFIX/complete" && rm -rf -- "$WORK"
+}

@@ -1,0 +1,57 @@
+# shellcheck shell=bash
+# The packages that the native build, the cross-compiler and the recipes in deps/ need.
+
+NATIVE_PACKAGES=(
+  # Tools of the builds
+  build-essential ccache cmake ninja-build pkg-config
+  # Libraries of the native build, of the command line and of the tests
+  libboost-dev libcairo2-dev libcli11-dev libgtest-dev libnetcdf-dev nlohmann-json3-dev
+  # The face that pictures are lettered in
+  fonts-liberation
+  # The Windows build: cross-compiler, type library compiler, unpacking of sources
+  dpkg-dev g++-mingw-w64-i686-posix mingw-w64-tools patchelf xz-utils
+  # Real data and its tools, for the tests
+  ferret-datasets netcdf-bin python3
+)
+
+missing_packages() {
+  local package
+  for package in "${NATIVE_PACKAGES[@]}"; do
+    case $(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null) in
+      installed*) ;;
+      *) printf '%s\n' "$package" ;;
+    esac
+  done
+}
+
+as_root() {
+  if [ "$(id -u)" -eq 0 ]; then
+    env "$@"
+  elif command -v sudo >/dev/null; then
+    # Without a terminal nobody can type a password: fail at once instead of waiting.
+    if [ -t 2 ]; then sudo env "$@"; else sudo -n env "$@"; fi
+  else
+    fail "packages are missing ($(missing_packages | xargs)); run this as root or install sudo"
+  fi
+}
+
+install_packages() {
+  local options=(-o DPkg::Lock::Timeout=600)
+  # A third-party source that cannot be reached is no reason to stop: what counts is whether the
+  # packages can be had, and the installation tells.
+  as_root apt-get "${options[@]}" update || true
+  # --no-remove: nothing that the machine has may be taken away for our sake.
+  as_root DEBIAN_FRONTEND=noninteractive apt-get "${options[@]}" install -y \
+    --no-install-recommends --no-remove -- "$@"
+}
+
+# Installs what is missing; touches neither network nor package manager when nothing is.
+install_native_packages() {
+  local missing
+  mapfile -t missing < <(missing_packages)
+  [ "${#missing[@]}" -eq 0 ] && return 0
+  if [ "$(id -u)" -ne 0 ] && [ -t 2 ] && command -v sudo >/dev/null; then
+    sudo -v || return 1
+  fi
+  step native "installing ${#missing[@]} packages (about 30 s)" install_packages "${missing[@]}"
+}

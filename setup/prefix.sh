@@ -1,0 +1,46 @@
+# shellcheck shell=bash
+# Wine prefixes: a prepared one is kept and copied whenever a fresh one is wanted.
+
+# shellcheck source=setup/wine-env.sh
+. "$(dirname -- "${BASH_SOURCE[0]}")/wine-env.sh"
+
+prefix_template() {
+  local here
+  here=$(dirname -- "${BASH_SOURCE[0]}")
+  printf '%s/prefix-%s\n' "$KELVANE_CACHE" \
+    "$({ cat -- "$here/prefix.sh" "$here/wine-env.sh" && wine_tree; } | recipe_hash)"
+}
+
+build_prefix_template() {
+  local template=$1
+  rm -rf -- "$template"
+  mkdir -p -- "$template"
+  wine_env "$template"
+  kwine 120 wineboot -i || return 1
+  # Wine finds the faces of its own font package only here. With them every text has the same
+  # extent on every machine, whatever fonts that machine has.
+  mkdir -p -- "$template/drive_c/windows/Fonts"
+  cp -- "$(wine_tree)"/usr/share/wine/fonts/*.{ttf,fon} "$template/drive_c/windows/Fonts/"
+  # Windows without a display: they exist, paint and can be read back.
+  kwine 60 reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f || return 1
+  # The driver is looked up when the desktop starts, so this server must end here.
+  stop_wineserver
+  rm -rf -- "$template"/drive_c/users/*/Temp/*
+  touch -- "$template/complete"
+}
+
+# Makes the prepared prefix unless it is there.
+install_prefix_template() {
+  local template
+  template=$(prefix_template)
+  [ -e "$template/complete" ] && return 0
+  step prefix "preparing a Wine prefix (about 10 s)" build_prefix_template "$template" ||
+    { rm -rf -- "$template"; return 1; }
+}
+
+# new_prefix DIR makes DIR a fresh prefix with nothing of ours registered, replacing what was there.
+new_prefix() {
+  rm -rf -- "$1"
+  mkdir -p -- "$(dirname -- "$1")"
+  cp -a --no-preserve=ownership --reflink=auto -- "$(prefix_template)" "$1"
+}
