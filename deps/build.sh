@@ -29,6 +29,9 @@ deps_prefix() {
   } | recipe_hash)"
 }
 
+# The functions below and the recipes take ARCH, PREFIX (where to install) and WORK (where to
+# build) from install_deps.
+
 # unpack_source NAME unpacks the source package, patched as the distribution does, to WORK/NAME.
 unpack_source() {
   rm -rf -- "${WORK:?}/$1"
@@ -56,18 +59,25 @@ link_boost() {
   ln -sfn /usr/include/boost "$PREFIX/include/boost"
 }
 
-# install_deps ARCH builds whatever is not there.
+# build_deps builds them all, one after the other.
+build_deps() {
+  step "deps-$ARCH-zlib" "building zlib for Windows (about 3 s)" build_zlib &&
+    step "deps-$ARCH-curl" "building curl for Windows (about 35 s)" build_curl &&
+    step "deps-$ARCH-hdf5" "building HDF5 for Windows (about 50 s)" build_hdf5 &&
+    step "deps-$ARCH-netcdf" "building netCDF for Windows (about 25 s)" build_netcdf &&
+    link_boost && cp -- "$DEPS_DIR/kelvane-deps.cmake.in" "$PREFIX/kelvane-deps.cmake" &&
+    touch -- "$PREFIX/complete"
+}
+
+# install_deps ARCH builds the libraries for ARCH unless they are there.
 install_deps() {
-  local ARCH=$1 PREFIX WORK
+  local ARCH=$1 PREFIX WORK status=0
   PREFIX=$(deps_prefix "$ARCH")
   [ -e "$PREFIX/complete" ] && return 0
   WORK=$PREFIX.work
   rm -rf -- "$PREFIX" "$WORK"
   mkdir -p -- "$PREFIX/include" "$PREFIX/lib" "$WORK"
-  step "deps-$ARCH-zlib" "building zlib for Windows (about 5 s)" build_zlib &&
-    step "deps-$ARCH-curl" "building curl for Windows (about 30 s)" build_curl &&
-    step "deps-$ARCH-hdf5" "building HDF5 for Windows (about 45 s)" build_hdf5 &&
-    step "deps-$ARCH-netcdf" "building netCDF for Windows (about 20 s)" build_netcdf &&
-    link_boost && cp -- "$DEPS_DIR/kelvane-deps.cmake.in" "$PREFIX/kelvane-deps.cmake" &&
-    touch -- "$PREFIX/complete" && rm -rf -- "$WORK"
+  build_deps || status=$?
+  rm -rf -- "$WORK"
+  return "$status"
 }
