@@ -5,7 +5,7 @@
 # shellcheck disable=SC2034
 KELVANE_ROOT=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd -P)
 KELVANE_CACHE=${KELVANE_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/kelvane}
-KELVANE_LOGS=$KELVANE_CACHE/logs
+KELVANE_LOGS=$KELVANE_ROOT/build/logs
 
 # Return code of every step that needs a 32-bit Wine when none can be had.
 # shellcheck disable=SC2034
@@ -35,7 +35,7 @@ step() {
     note "$((SECONDS - started)) s"
   else
     note "failed after $((SECONDS - started)) s; the end of $log:"
-    tail -n 15 -- "$log" >&2
+    tail -n 40 -- "$log" >&2
   fi
   return "$status"
 }

@@ -23,6 +23,12 @@ wine_env() {
 EOF
 }
 
+# windows_path FILE prints an absolute path as Windows programs know it. A path that begins with a
+# slash is not enough: netCDF takes it for another system's and does not find the file.
+windows_path() {
+  printf 'Z:%s\n' "${1//\//\\}"
+}
+
 # kwine SECONDS program args... runs a program, ends it after SECONDS, and copies what it wrote to
 # our output and error streams when it has ended. Never directly: Wine's background programs inherit
 # the streams, and whoever reads a pipe would wait for those too.

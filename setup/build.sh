@@ -1,0 +1,47 @@
+# shellcheck shell=bash
+# Configuring and building the project's own build folders: build/native, build/asan, build/win32.
+
+# shellcheck source=setup/prefix.sh
+. "$(dirname -- "${BASH_SOURCE[0]}")/prefix.sh"
+# shellcheck source=setup/sources.sh
+. "$(dirname -- "${BASH_SOURCE[0]}")/sources.sh"
+# shellcheck source=deps/build.sh
+. "$(dirname -- "${BASH_SOURCE[0]}")/../deps/build.sh"
+
+build_dir() {
+  printf '%s/build/%s\n' "$KELVANE_ROOT" "$1"
+}
+
+configure() {
+  local name=$1 options=()
+  case $name in
+    asan) options=(-DKELVANE_SANITIZE=ON) ;;
+    win32)
+      options=(-DCMAKE_TOOLCHAIN_FILE="$KELVANE_ROOT/cmake/mingw-i686.cmake"
+        -DCMAKE_CROSSCOMPILING_EMULATOR="$KELVANE_ROOT/setup/run-wine"
+        -DKELVANE_DEPS="$(deps_prefix i686)" -DKELVANE_WIDL_LIB="$(wine_modules)"
+        -DKELVANE_NATIVE_DIR="$(build_dir native)")
+      ;;
+  esac
+  cmake -G Ninja -S "$KELVANE_ROOT" -B "$(build_dir "$name")" -DCMAKE_BUILD_TYPE=Release \
+    -DCMAKE_C_COMPILER_LAUNCHER=ccache -DCMAKE_CXX_COMPILER_LAUNCHER=ccache "${options[@]}"
+}
+
+configure_and_build() {
+  local name=$1 options=()
+  shift
+  [ $# -eq 0 ] || options=(--target "$@")
+  configure "$name" && cmake --build "$(build_dir "$name")" --parallel "$(nproc)" "${options[@]}"
+}
+
+# build NAME "about N s" [target...] builds the folder NAME (native, asan, win32).
+build() {
+  local name=$1 time=$2 what
+  shift 2
+  case $name in
+    native) what='the native build' ;;
+    asan) what='the sanitizer build' ;;
+    win32) what='the Windows build' ;;
+  esac
+  step "build-$name" "making $what ($time)" configure_and_build "$name" "$@"
+}
