@@ -10,13 +10,20 @@ constexpr int kInvalidCall = 5;
 
 const char* describe(int number) {
   switch (number) {
-    case kInvalidCall: return "Invalid procedure call or argument";
-    case kOverflow: return "Overflow";
-    case kOutOfMemory: return "Out of memory";
-    case kSubscript: return "Subscript out of range";
-    case kDivisionByZero: return "Division by zero";
-    case kTypeMismatch: return "Type mismatch";
-    default: return "Application-defined or object-defined error";
+    case kInvalidCall:
+      return "Invalid procedure call or argument";
+    case kOverflow:
+      return "Overflow";
+    case kOutOfMemory:
+      return "Out of memory";
+    case kSubscript:
+      return "Subscript out of range";
+    case kDivisionByZero:
+      return "Division by zero";
+    case kTypeMismatch:
+      return "Type mismatch";
+    default:
+      return "Application-defined or object-defined error";
   }
 }
 
@@ -24,7 +31,9 @@ const char* describe(int number) {
 
 RuntimeError::RuntimeError(int number) : std::runtime_error(describe(number)), number_(number) {}
 
-void raise(int number) { throw RuntimeError(number); }
+void raise(int number) {
+  throw RuntimeError(number);
+}
 
 ErrorInfo currentError() {
   try {

@@ -1,7 +1,6 @@
 #include "util/exactMath.h"
 
 #include <boost/multiprecision/cpp_bin_float.hpp>
-
 #include <charconv>
 #include <cmath>
 #include <limits>

@@ -14,8 +14,8 @@ void reportBracketed(std::string_view routine) {
 
 void reportTagged(std::string_view tag) {
   const ErrorInfo error = currentError();
-  LastError = std::string(tag) + ": " + generalText(error.number) + ", KelvaneCtl, " +
-              error.description;
+  LastError =
+      std::string(tag) + ": " + generalText(error.number) + ", KelvaneCtl, " + error.description;
 }
 
 }  // namespace util

@@ -20,8 +20,7 @@ char separatorOf(std::string_view text) {
   return ' ';
 }
 
-int16_t split(std::string_view text, char separator, int32_t wanted, int32_t& start,
-              int32_t& end) {
+int16_t split(std::string_view text, char separator, int32_t wanted, int32_t& start, int32_t& end) {
   // Positions are 32-bit and one past the end must still be one.
   if (text.size() >= static_cast<std::size_t>(std::numeric_limits<int32_t>::max())) {
     util::raise(util::kOverflow);
@@ -42,7 +41,8 @@ int16_t split(std::string_view text, char separator, int32_t wanted, int32_t& st
 }
 
 std::string_view cut(std::string_view text, int32_t start, int32_t end) {
-  return text.substr(static_cast<std::size_t>(start - 1), static_cast<std::size_t>(end - start + 1));
+  return text.substr(static_cast<std::size_t>(start - 1),
+                     static_cast<std::size_t>(end - start + 1));
 }
 
 }  // namespace

@@ -1,8 +1,8 @@
-#include "util/ocxStrings.h"
-
 #include <gtest/gtest.h>
 
 #include <utility>
+
+#include "util/ocxStrings.h"
 
 namespace {
 
@@ -40,9 +40,14 @@ TEST(NextField, FindsFieldsBySeparatorOfTheText) {
 }
 
 TEST(NextField, AnswersZeroWhenTheTextEndsFirst) {
-  const std::pair<const char*, int32_t> cases[] = {
-      {"days since 1990-01-01", 4}, {"   ", 1}, {"a,", 2}, {"", 1}, {",,", 1}, {"a", 0}, {"a", -1},
-      {"a", 40000}};
+  const std::pair<const char*, int32_t> cases[] = {{"days since 1990-01-01", 4},
+                                                   {"   ", 1},
+                                                   {"a,", 2},
+                                                   {"", 1},
+                                                   {",,", 1},
+                                                   {"a", 0},
+                                                   {"a", -1},
+                                                   {"a", 40000}};
   for (const auto& [text, wanted] : cases) {
     SCOPED_TRACE(text);
     int32_t start = 0, end = 0;
@@ -88,7 +93,8 @@ TEST(NextNumber, WalksThroughTheNumbers) {
   const struct {
     const char* text;
     double first, second;
-  } cases[] = {{"0  30", 0, 30}, {"0, 10", 0, 10}, {"-1.5 2e2", -1.5, 200}, {"5", 5, 0}, {"", 0, 0}};
+  } cases[] = {
+      {"0  30", 0, 30}, {"0, 10", 0, 10}, {"-1.5 2e2", -1.5, 200}, {"5", 5, 0}, {"", 0, 0}};
   for (const auto& c : cases) {
     SCOPED_TRACE(c.text);
     int32_t position = 0;
@@ -99,21 +105,20 @@ TEST(NextNumber, WalksThroughTheNumbers) {
 
 TEST(FileNames, LoseTheirExtension) {
   const std::pair<const char*, const char*> cases[] = {
-      {"run1.nc", "run1"}, {" run1.nc ", "run1"},          {"a.b.nc", "a.b"},
-      {"run1", "run1"},    {"  run1  ", "run1"},           {"", ""},
-      {"   ", ""},         {"run1 .nc", "run1"},           {"c:\\data.v2\\run1", "c:\\data"},
-      {"run.", "run"},     {".nc", ""},                    {" .", ""}};
+      {"run1.nc", "run1"}, {" run1.nc ", "run1"}, {"a.b.nc", "a.b"},
+      {"run1", "run1"},    {"  run1  ", "run1"},  {"", ""},
+      {"   ", ""},         {"run1 .nc", "run1"},  {"c:\\data.v2\\run1", "c:\\data"},
+      {"run.", "run"},     {".nc", ""},           {" .", ""}};
   for (const auto& [name, expected] : cases) {
     EXPECT_EQ(ocxStrings::StripExtension(name), expected) << "[" << name << "]";
   }
 }
 
 TEST(FileNames, ChangeTheirExtension) {
-  const std::pair<const char*, const char*> cases[] = {
-      {"c:\\data\\run1.nc", "c:\\data\\run1.KEW"},
-      {"c:\\data.v2\\run1", "c:\\data.KEW"},
-      {"run1", "run1.KEW"},
-      {"", ".KEW"}};
+  const std::pair<const char*, const char*> cases[] = {{"c:\\data\\run1.nc", "c:\\data\\run1.KEW"},
+                                                       {"c:\\data.v2\\run1", "c:\\data.KEW"},
+                                                       {"run1", "run1.KEW"},
+                                                       {"", ".KEW"}};
   for (const auto& [name, expected] : cases) {
     std::string changed = name;
     ocxStrings::ChangeExtension(changed, " KEW ");
@@ -122,11 +127,14 @@ TEST(FileNames, ChangeTheirExtension) {
 }
 
 TEST(FileNames, EndAfterTheLastSlashOfEitherKind) {
-  const std::pair<const char*, const char*> cases[] = {
-      {"c:\\data\\run1.nc", "run1.nc"},      {"c:\\data/sub\\x.nc", "x.nc"},
-      {"c:/data\\sub/y.nc", "y.nc"},         {"http://h.x/d/run1.nc", "run1.nc"},
-      {"run1.nc", "run1.nc"},                {"  a/b ", "b"},
-      {"folder/", ""},                       {"", ""}};
+  const std::pair<const char*, const char*> cases[] = {{"c:\\data\\run1.nc", "run1.nc"},
+                                                       {"c:\\data/sub\\x.nc", "x.nc"},
+                                                       {"c:/data\\sub/y.nc", "y.nc"},
+                                                       {"http://h.x/d/run1.nc", "run1.nc"},
+                                                       {"run1.nc", "run1.nc"},
+                                                       {"  a/b ", "b"},
+                                                       {"folder/", ""},
+                                                       {"", ""}};
   for (const auto& [name, expected] : cases) {
     EXPECT_EQ(ocxStrings::FileNameOf(name), expected) << "[" << name << "]";
   }

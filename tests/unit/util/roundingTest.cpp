@@ -1,5 +1,3 @@
-#include "util/rounding.h"
-
 #include <gtest/gtest.h>
 
 #include <cfenv>
@@ -9,6 +7,7 @@
 #include "util/OneBased.h"
 #include "util/RuntimeError.h"
 #include "util/ocxMinmax.h"
+#include "util/rounding.h"
 
 namespace {
 
@@ -27,12 +26,26 @@ int errorOf(const Action& action) {
 }
 
 TEST(Rounding, TakesHalvesToTheEvenNeighbour) {
-  const std::pair<double, int32_t> cases[] = {
-      {0.5, 0},   {1.5, 2},   {2.5, 2},    {-0.5, 0},     {-1.5, -2},           {-2.5, -2},
-      {2.4, 2},   {2.6, 3},   {-2.6, -3},  {254.5, 254},  {255.5, 256},         {0.49999999999999994, 0},
-      {0, 0},     {-0.0, 0},  {1e-300, 0}, {-1e-300, 0},  {2147483647.25, 2147483647},
-      {-2147483648.5, INT32_MIN}};
-  for (const auto& [value, expected] : cases) EXPECT_EQ(util::roundToLong(value), expected) << value;
+  const std::pair<double, int32_t> cases[] = {{0.5, 0},
+                                              {1.5, 2},
+                                              {2.5, 2},
+                                              {-0.5, 0},
+                                              {-1.5, -2},
+                                              {-2.5, -2},
+                                              {2.4, 2},
+                                              {2.6, 3},
+                                              {-2.6, -3},
+                                              {254.5, 254},
+                                              {255.5, 256},
+                                              {0.49999999999999994, 0},
+                                              {0, 0},
+                                              {-0.0, 0},
+                                              {1e-300, 0},
+                                              {-1e-300, 0},
+                                              {2147483647.25, 2147483647},
+                                              {-2147483648.5, INT32_MIN}};
+  for (const auto& [value, expected] : cases)
+    EXPECT_EQ(util::roundToLong(value), expected) << value;
   EXPECT_EQ(util::roundToInteger(32767.49), 32767);
   EXPECT_EQ(util::roundToInteger(-32768.5), -32768);
 }
@@ -67,7 +80,8 @@ TEST(StoreSingle, RoundsOnceAndKeepsNaN) {
   EXPECT_EQ(util::storeSingle(0.1), 0.1F);
   EXPECT_EQ(util::storeSingle(-1e35), -1e35F);
   EXPECT_EQ(util::storeSingle(1e-60), 0.0F);
-  EXPECT_EQ(util::storeSingle(std::numeric_limits<float>::max()), std::numeric_limits<float>::max());
+  EXPECT_EQ(util::storeSingle(std::numeric_limits<float>::max()),
+            std::numeric_limits<float>::max());
   EXPECT_TRUE(std::isnan(util::storeSingle(kNan)));
 }
 
