@@ -1,0 +1,38 @@
+#include "netcdf/NetCDF.h"
+
+namespace NetCDF {
+
+EntryPoints theLibrary() {
+  return {.nc_open = ::nc_open,
+          .nc_close = ::nc_close,
+          .nc_inq_ndims = ::nc_inq_ndims,
+          .nc_inq_unlimdim = ::nc_inq_unlimdim,
+          .nc_inq_dim = ::nc_inq_dim,
+          .nc_inq_nvars = ::nc_inq_nvars,
+          .nc_inq_varname = ::nc_inq_varname,
+          .nc_inq_varndims = ::nc_inq_varndims,
+          .nc_inq_vartype = ::nc_inq_vartype,
+          .nc_inq_vardimid = ::nc_inq_vardimid,
+          .nc_inq_natts = ::nc_inq_natts,
+          .nc_inq_varnatts = ::nc_inq_varnatts,
+          .nc_inq_attname = ::nc_inq_attname,
+          .nc_inq_att = ::nc_inq_att,
+          .nc_get_att_text = ::nc_get_att_text,
+          .nc_get_att_short = ::nc_get_att_short,
+          .nc_get_att_int = ::nc_get_att_int,
+          .nc_get_att_float = ::nc_get_att_float,
+          .nc_get_att_double = ::nc_get_att_double,
+          .nc_get_var_short = ::nc_get_var_short,
+          .nc_get_var_int = ::nc_get_var_int,
+          .nc_get_var_float = ::nc_get_var_float,
+          .nc_get_var_double = ::nc_get_var_double,
+          .nc_get_vars_short = ::nc_get_vars_short,
+          .nc_get_vars_int = ::nc_get_vars_int,
+          .nc_get_vars_float = ::nc_get_vars_float,
+          .nc_get_vars_double = ::nc_get_vars_double,
+          .nc_strerror = ::nc_strerror};
+}
+
+EntryPoints library = theLibrary();
+
+}  // namespace NetCDF

@@ -1,0 +1,56 @@
+#include "netcdf/status.h"
+
+#include "netcdf/NetCDF.h"
+#include "netcdf/ncf.h"
+#include "platform/Desktop.h"
+#include "platform/texts.h"
+#include "util/lastError.h"
+
+namespace ocxNetNc {
+
+std::string NcText(int32_t status) {
+  const char* text = NetCDF::library.nc_strerror(status);
+  return text == nullptr ? std::string() : platform::textToUtf8(text);
+}
+
+void NcErrorReport(int32_t ncId) {
+  if (ncId >= 0) NcClose();
+  if (ncf.NcStatus == 0) return;
+  platform::desktop().ShowMessage(NcText(ncf.NcStatus), "NetCDF Error",
+                                  platform::MessageIcon::Critical);
+}
+
+int32_t libraryFailure(int32_t status) {
+  ncf.NcStatus = status;
+  util::LastError = NcText(status);
+  NcErrorReport(ncf.NcId);
+  // A missing file, for one, has the system's own positive number.
+  return status > 0 ? -status : status;
+}
+
+void NcClose() {
+  if (!isOpen()) return;
+  NetCDF::library.nc_close(ncf.NcId);
+  ncf.NcId = -1;
+}
+
+int32_t NcReopen(int32_t mode) {
+  const std::string& name = mode == 2 ? ncf.NcAltFileName : ncf.NcFileName;
+  if (name.empty()) return isOpen() ? 1 : -1;
+  NcClose();
+  int id = -1;
+  const int status =
+      NetCDF::library.nc_open(platform::libraryFileName(name).c_str(), NC_NOWRITE, &id);
+  if (status != NC_NOERR) {
+    libraryFailure(status);
+    return -1;
+  }
+  ncf.NcId = id;
+  return 1;
+}
+
+bool isOpen() {
+  return ncf.NcId >= 0;
+}
+
+}  // namespace ocxNetNc
