@@ -88,10 +88,11 @@ int32_t loadTime() {
 int32_t loadLevels() {
   if (ncf.level_dId == -1 || dimensionLength(ncf.level_dId) < 1) return 1;
   ncf.nlevels = dimensionLength(ncf.level_dId);
-  ncf.level_values =
+  const std::vector<double> depths =
       readAxis(ncf.level_vId, ncf.nlevels,
                "Variable-Type of vertical coodrinate not expected:", "Tyep Number = ");
-  ncf.level_values.insert(ncf.level_values.begin(), 0.0);  // the top of the column
+  ncf.level_values.assign(depths.size() + 1, 0.0);  // element 0 is the top of the column
+  std::copy(depths.begin(), depths.end(), ncf.level_values.begin() + 1);
   return 1;
 }
 
