@@ -22,7 +22,8 @@ fail() {
 }
 
 # step NAME "what it does (about N s)" command args...
-# Runs the command in a shell of its own with its output in a log and says how long it took, or what went wrong.
+# Runs the command in a shell of its own with its output in a log, and says how long it took or what
+# went wrong: the last lines of the log, STEP_TAIL (40) of them.
 step() {
   local name=$1 what=$2 log started status=0
   shift 2
@@ -34,8 +35,8 @@ step() {
   if [ "$status" -eq 0 ]; then
     note "$((SECONDS - started)) s"
   else
-    note "failed after $((SECONDS - started)) s; the end of $log:"
-    tail -n 40 -- "$log" >&2
+    note "failed after $((SECONDS - started)) s; see $log"
+    tail -n "${STEP_TAIL:-40}" -- "$log" >&2
   fi
   return "$status"
 }

@@ -75,6 +75,7 @@ install_wine_tree() {
     x86_64 | i?86) ;;
     *) fail "a 32-bit Wine does not run on $(uname -m)"; return 1 ;;
   esac
-  step wine32 "fetching a 32-bit Wine into its own folder (about 15 s)" build_wine_tree "$tree" ||
-    { rm -rf -- "$tree" "$tree.apt"; return 1; }
+  # The caller says what it means to do without; that is one line, not a page.
+  STEP_TAIL=1 step wine32 "fetching a 32-bit Wine into its own folder (about 15 s)" \
+    build_wine_tree "$tree" || { rm -rf -- "$tree" "$tree.apt"; return 1; }
 }
