@@ -1,0 +1,231 @@
+#include "platform/gdi/GdiPictureBox.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "platform/gdi/wideText.h"
+#include "util/rounding.h"
+
+namespace platform {
+namespace {
+
+constexpr uint32_t kWhitePixel = 0x00FFFFFF;
+constexpr int32_t kLargestSide = 32767;
+constexpr std::size_t kMostFonts = 16;
+// GDI computes with 27 bits, and takes no more characters than this in one call.
+constexpr double kFarthest = 1e6;
+constexpr std::size_t kMostCharacters = 8192;
+
+uint32_t pixelOf(Colour colour) {
+  const auto bits = static_cast<uint32_t>(colour);
+  return (bits & 0xFF) << 16 | (bits & 0xFF00) | (bits >> 16 & 0xFF);
+}
+
+COLORREF colorRef(Colour colour) { return static_cast<COLORREF>(colour) & 0x00FFFFFF; }
+
+std::wstring printable(std::string_view text) {
+  std::wstring wide = toWide(text);
+  if (wide.size() > kMostCharacters) wide.resize(kMostCharacters);
+  return wide;
+}
+
+int placeOf(float coordinate) {
+  return util::roundToLong(std::clamp(static_cast<double>(coordinate), -kFarthest, kFarthest));
+}
+
+// Cuts the segment to the square of GDI's reach. False when nothing is left, or for NaN.
+bool clipToReach(double& x1, double& y1, double& x2, double& y2) {
+  double from = 0, to = 1;
+  const double dx = x2 - x1, dy = y2 - y1;
+  const auto cut = [&](double direction, double room) {
+    if (direction == 0) return room >= 0;
+    const double at = room / direction;
+    if (direction < 0) from = std::max(from, at);
+    else to = std::min(to, at);
+    return from <= to;
+  };
+  if (!std::isfinite(dx) || !std::isfinite(dy)) return false;
+  if (!cut(-dx, x1 + kFarthest) || !cut(dx, kFarthest - x1) || !cut(-dy, y1 + kFarthest) ||
+      !cut(dy, kFarthest - y1)) {
+    return false;
+  }
+  const double startX = x1, startY = y1;
+  if (to < 1) x2 = startX + to * dx, y2 = startY + to * dy;
+  if (from > 0) x1 = startX + from * dx, y1 = startY + from * dy;
+  return true;
+}
+
+BITMAPINFO bitmapInfo(int32_t width, int32_t height) {
+  BITMAPINFO info = {};
+  info.bmiHeader.biSize = sizeof info.bmiHeader;
+  info.bmiHeader.biWidth = width;
+  info.bmiHeader.biHeight = -height;  // rows from the top
+  info.bmiHeader.biPlanes = 1;
+  info.bmiHeader.biBitCount = 32;
+  info.bmiHeader.biCompression = BI_RGB;
+  return info;
+}
+
+FontHandle makeFont(HDC dc, const Font& font) {
+  LOGFONTW wanted = {};
+  const double points = std::clamp(static_cast<double>(font.Size), 1.0, 500.0);
+  wanted.lfHeight = -util::roundToLong(points * GetDeviceCaps(dc, LOGPIXELSY) / 72);
+  wanted.lfWeight = font.Bold ? FW_BOLD : FW_NORMAL;
+  wanted.lfItalic = font.Italic;
+  wanted.lfUnderline = font.Underline;
+  wanted.lfCharSet = DEFAULT_CHARSET;
+  wanted.lfPitchAndFamily = VARIABLE_PITCH | FF_SWISS;
+  // Grey edges would turn into stains where two surfaces are combined bit by bit.
+  wanted.lfQuality = NONANTIALIASED_QUALITY;
+  const std::wstring_view face = L"MS Sans Serif";
+  std::copy(face.begin(), face.end(), wanted.lfFaceName);
+  return FontHandle(CreateFontIndirectW(&wanted));
+}
+
+}  // namespace
+
+GdiPictureBox::GdiPictureBox(std::function<void()> show)
+    : show_(std::move(show)), dc_(CreateCompatibleDC(nullptr)) {
+  stockBitmap_ = GetCurrentObject(dc_.get(), OBJ_BITMAP);
+  stockFont_ = GetCurrentObject(dc_.get(), OBJ_FONT);
+  SetBkMode(dc_.get(), TRANSPARENT);
+  SetTextAlign(dc_.get(), TA_LEFT | TA_TOP);
+}
+
+GdiPictureBox::~GdiPictureBox() = default;
+
+void GdiPictureBox::Move(int32_t, int32_t, int32_t width, int32_t height) {
+  width = std::clamp(width, 0, kLargestSide);
+  height = std::clamp(height, 0, kLargestSide);
+  if (width == width_ && height == height_) return;
+  SelectObject(dc_.get(), stockBitmap_);
+  bitmap_.reset();
+  width_ = height_ = 0;
+  pixels_ = nullptr;
+  if (width == 0 || height == 0) return;
+  const BITMAPINFO info = bitmapInfo(width, height);
+  void* bits = nullptr;
+  bitmap_.reset(CreateDIBSection(dc_.get(), &info, DIB_RGB_COLORS, &bits, nullptr, 0));
+  if (!bitmap_ || bits == nullptr) return;
+  SelectObject(dc_.get(), bitmap_.get());
+  pixels_ = static_cast<uint32_t*>(bits);
+  width_ = width;
+  height_ = height;
+  Cls();
+}
+
+void GdiPictureBox::Cls() {
+  CurrentX = CurrentY = 0;
+  if (pixels_ == nullptr) return;
+  GdiFlush();
+  std::fill(pixels_, row(height_), kWhitePixel);
+}
+
+void GdiPictureBox::Refresh() {
+  if (show_) show_();
+}
+
+void GdiPictureBox::Line(float x1, float y1, float x2, float y2, Colour colour) {
+  double fromX = static_cast<double>(x1), fromY = static_cast<double>(y1);
+  double toX = static_cast<double>(x2), toY = static_cast<double>(y2);
+  if (pixels_ == nullptr || !clipToReach(fromX, fromY, toX, toY)) return;
+  const int x = util::roundToLong(toX), y = util::roundToLong(toY);
+  const bool thin = DrawWidth <= 1;
+  const PenHandle pen(
+      CreatePen(PS_SOLID, thin ? 1 : std::min(DrawWidth, kLargestSide), colorRef(colour)));
+  const Selected selected(dc_.get(), pen.get());
+  MoveToEx(dc_.get(), util::roundToLong(fromX), util::roundToLong(fromY), nullptr);
+  LineTo(dc_.get(), x, y);
+  // A thin line stops short of its end point; the round end of a wide one covers it.
+  if (thin) SetPixelV(dc_.get(), x, y, colorRef(colour));
+}
+
+void GdiPictureBox::Box(float x1, float y1, float x2, float y2, Colour colour) {
+  const PixelBox box = pixelBox(x1, y1, x2, y2, width_, height_);
+  if (pixels_ == nullptr || box.empty()) return;
+  GdiFlush();
+  const uint32_t pixel = pixelOf(colour);
+  for (int32_t y = box.top; y <= box.bottom; ++y) {
+    std::fill(row(y) + box.left, row(y) + box.right + 1, pixel);
+  }
+}
+
+void GdiPictureBox::Print(std::string_view text) {
+  const float height = TextHeight(text);
+  if (pixels_ != nullptr && !std::isnan(CurrentX) && !std::isnan(CurrentY)) {
+    const std::wstring wide = printable(text);
+    SetTextColor(dc_.get(), colorRef(ForeColor));
+    TextOutW(dc_.get(), placeOf(CurrentX), placeOf(CurrentY), wide.c_str(),
+             static_cast<int>(wide.size()));
+  }
+  CurrentX = 0;
+  CurrentY += height;
+}
+
+float GdiPictureBox::TextWidth(std::string_view text) const {
+  selectFont();
+  const std::wstring wide = printable(text);
+  SIZE size = {};
+  GetTextExtentPoint32W(dc_.get(), wide.c_str(), static_cast<int>(wide.size()), &size);
+  return static_cast<float>(size.cx);
+}
+
+float GdiPictureBox::TextHeight(std::string_view) const {
+  selectFont();
+  TEXTMETRICW metrics = {};
+  GetTextMetricsW(dc_.get(), &metrics);
+  return static_cast<float>(metrics.tmHeight);
+}
+
+void GdiPictureBox::AndFrom(const PictureBox& source) {
+  const auto* other = dynamic_cast<const GdiPictureBox*>(&source);
+  if (other == nullptr || pixels_ == nullptr) return;
+  BitBlt(dc_.get(), 0, 0, other->width_, other->height_, other->dc_.get(), 0, 0, SRCAND);
+}
+
+Colour GdiPictureBox::pixel(int32_t x, int32_t y) const {
+  if (x < 0 || y < 0 || x >= width_ || y >= height_) return basicPalette(15);
+  GdiFlush();
+  const uint32_t pixel = row(y)[x];
+  return static_cast<Colour>((pixel >> 16 & 0xFF) | (pixel & 0xFF00) | (pixel & 0xFF) << 16);
+}
+
+void GdiPictureBox::copyTo(HDC target, const RECT& part) const {
+  BitBlt(target, part.left, part.top, part.right - part.left, part.bottom - part.top, dc_.get(),
+         part.left, part.top, SRCCOPY);
+}
+
+bool GdiPictureBox::drawInto(HDC target, const RECT& rectangle) const {
+  if (pixels_ == nullptr) return true;
+  GdiFlush();
+  // From the pixels and not from our context, since printers and metafiles take no transfer
+  // from a context of the screen.
+  const BITMAPINFO info = bitmapInfo(width_, height_);
+  const int mode = SetStretchBltMode(target, COLORONCOLOR);
+  const int rows = StretchDIBits(target, rectangle.left, rectangle.top,
+                                 rectangle.right - rectangle.left,
+                                 rectangle.bottom - rectangle.top, 0, 0, width_, height_, pixels_,
+                                 &info, DIB_RGB_COLORS, SRCCOPY);
+  if (mode != 0) SetStretchBltMode(target, mode);
+  return rows != 0 && rows != static_cast<int>(GDI_ERROR);
+}
+
+// The measuring members are const, so the font follows the Font property at its next use.
+void GdiPictureBox::selectFont() const {
+  const auto known = std::find_if(fonts_.begin(), fonts_.end(),
+                                  [&](const auto& entry) { return entry.first == Font; });
+  if (known != fonts_.end()) {
+    SelectObject(dc_.get(), known->second.get());
+    return;
+  }
+  if (fonts_.size() == kMostFonts) {
+    SelectObject(dc_.get(), stockFont_);
+    fonts_.clear();
+  }
+  FontHandle made = makeFont(dc_.get(), Font);
+  if (!made) return;
+  SelectObject(dc_.get(), made.get());
+  fonts_.emplace_back(Font, std::move(made));
+}
+
+}  // namespace platform
