@@ -1,0 +1,44 @@
+#include "activex/Body.h"
+
+#include <algorithm>
+
+#include "activex/ComPtr.h"
+#include "activex/MemberCall.h"
+#include "util/lastError.h"
+
+namespace activex {
+
+Body::Body(IUnknown& object, platform::Desktop& desktop, std::function<void()> shown)
+    : object_(object),
+      Picture1_(std::move(shown)),
+      members_({Picture1_, picDateTime_, picSection_, picContours_}, desktop) {
+  MemberCall::add(*this);
+}
+
+Body::~Body() { MemberCall::remove(*this); }
+
+void Body::resize(int32_t width, int32_t height) {
+  wantedWidth_ = std::max(width, 0);
+  wantedHeight_ = std::max(height, 0);
+  applySize();
+}
+
+void Body::applySize() noexcept {
+  if (!sizeWaits()) return;
+  const KeptAlive alive(object_);
+  const MemberCall call;
+  if (!call.entered()) return;
+  width_ = wantedWidth_;
+  height_ = wantedHeight_;
+  try {
+    members_.Resize(width_, height_);
+  } catch (...) {
+    // No caller can be told: the size came from the system, not from the host.
+    try {
+      util::reportTagged("KelvaneCtl Resize");
+    } catch (...) {  // no memory even for the text
+    }
+  }
+}
+
+}  // namespace activex

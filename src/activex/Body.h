@@ -1,0 +1,40 @@
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+#include <functional>
+
+#include "control/KelvaneCtl.h"
+#include "platform/gdi/GdiPictureBox.h"
+
+namespace activex {
+
+// The control itself: its pictures and its members.
+class Body {
+ public:
+  // shown is called when the visible picture has changed.
+  Body(IUnknown& object, platform::Desktop& desktop, std::function<void()> shown);
+  ~Body();
+  Body(const Body&) = delete;
+  Body& operator=(const Body&) = delete;
+
+  control::KelvaneCtl& members() { return members_; }
+  const control::KelvaneCtl& members() const { return members_; }
+  const platform::GdiPictureBox& visible() const { return Picture1_; }
+
+  // The client area became width x height pixels: now, or after the member that is running.
+  void resize(int32_t width, int32_t height);
+
+  bool sizeWaits() const { return width_ != wantedWidth_ || height_ != wantedHeight_; }
+  void applySize() noexcept;
+
+ private:
+  IUnknown& object_;
+  platform::GdiPictureBox Picture1_, picDateTime_, picSection_, picContours_;
+  control::KelvaneCtl members_;
+  int32_t width_ = 0, height_ = 0;
+  int32_t wantedWidth_ = 0, wantedHeight_ = 0;
+};
+
+}  // namespace activex

@@ -1,0 +1,111 @@
+#include "activex/ControlWindow.h"
+
+#include "activex/guard.h"
+#include "activex/module.h"
+
+namespace activex {
+namespace {
+
+constexpr wchar_t kClassName[] = L"KelvaneCtlWindow";
+
+}  // namespace
+
+bool ControlWindow::create(HWND parent, const RECT& place) {
+  WNDCLASSEXW windowClass = {};
+  windowClass.cbSize = sizeof windowClass;
+  windowClass.style = CS_DBLCLKS;
+  windowClass.lpfnWndProc = procedure;
+  windowClass.hInstance = moduleHandle();
+  windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+  windowClass.lpszClassName = kClassName;
+  RegisterClassExW(&windowClass);  // refused when another control has done it: just as good
+  CreateWindowExW(0, kClassName, L"", WS_CHILD | WS_CLIPSIBLINGS | WS_VISIBLE, place.left,
+                  place.top, place.right - place.left, place.bottom - place.top, parent, nullptr,
+                  moduleHandle(), this);
+  return window_ != nullptr;
+}
+
+void ControlWindow::destroy() {
+  if (window_ != nullptr) DestroyWindow(window_);
+  // The class goes with its last window, or else it would outlive the library.
+  UnregisterClassW(kClassName, moduleHandle());
+}
+
+void ControlWindow::place(const RECT& place, const RECT& clip) {
+  if (window_ == nullptr) return;
+  RECT shown = {};
+  const bool whole = !IntersectRect(&shown, &place, &clip) || EqualRect(&shown, &place);
+  OffsetRect(&shown, -place.left, -place.top);
+  // The window owns the region from here.
+  SetWindowRgn(window_, whole ? nullptr : CreateRectRgnIndirect(&shown), TRUE);
+  SetWindowPos(window_, nullptr, place.left, place.top, place.right - place.left,
+               place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void ControlWindow::repaint() {
+  if (window_ == nullptr) return;
+  InvalidateRect(window_, nullptr, FALSE);
+  UpdateWindow(window_);
+}
+
+void ControlWindow::paint() {
+  PAINTSTRUCT paint;
+  const HDC dc = BeginPaint(window_, &paint);
+  if (dc != nullptr) events_.onPaint(dc, paint.rcPaint);
+  EndPaint(window_, &paint);
+}
+
+LRESULT CALLBACK ControlWindow::procedure(HWND window, UINT message, WPARAM wide, LPARAM longer) {
+  if (message == WM_NCCREATE) {
+    const auto* creation = reinterpret_cast<const CREATESTRUCTW*>(longer);
+    auto* created = static_cast<ControlWindow*>(creation->lpCreateParams);
+    created->window_ = window;
+    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(created));
+  }
+  auto* self = reinterpret_cast<ControlWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  if (self == nullptr) return DefWindowProcW(window, message, wide, longer);
+  if (message == WM_NCDESTROY) {
+    SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+    self->window_ = nullptr;
+    return DefWindowProcW(window, message, wide, longer);
+  }
+  LRESULT answer = 0;
+  guarded(self->object_, [&] {
+    answer = self->handle(message, wide, longer);
+    return S_OK;
+  });
+  return answer;
+}
+
+LRESULT ControlWindow::handle(UINT message, WPARAM wide, LPARAM longer) {
+  switch (message) {
+    case WM_ERASEBKGND:
+      return 1;  // the picture covers everything
+    case WM_PAINT:
+      paint();
+      return 0;
+    case WM_PRINTCLIENT: {
+      RECT all = {};
+      GetClientRect(window_, &all);
+      events_.onPaint(reinterpret_cast<HDC>(wide), all);
+      return 0;
+    }
+    case WM_SIZE:
+      events_.onSize(LOWORD(longer), HIWORD(longer));
+      return 0;
+    case WM_LBUTTONDOWN:
+    case WM_MBUTTONDOWN:
+    case WM_RBUTTONDOWN:
+      events_.onMouseDown();
+      break;
+    case WM_SETFOCUS:
+    case WM_KILLFOCUS:
+      events_.onFocus(message == WM_SETFOCUS);
+      return 0;
+    default:
+      break;
+  }
+  return DefWindowProcW(window_, message, wide, longer);
+}
+
+}  // namespace activex

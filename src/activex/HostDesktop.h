@@ -1,0 +1,27 @@
+#pragma once
+
+#include "activex/ComPtr.h"
+#include "platform/gdi/WindowsDesktop.h"
+
+#include <ole2.h>
+
+namespace activex {
+
+class Activation;
+
+// The desktop as a control sees it: modal boxes belong to the host's top window, and the host is
+// told to stand still meanwhile.
+class HostDesktop final : public platform::WindowsDesktop {
+ public:
+  explicit HostDesktop(const Activation& activation) : activation_(activation) {}
+  void ShowMessage(std::string_view text, std::string_view caption,
+                   platform::MessageIcon icon) override;
+
+ protected:
+  HWND Owner() const override;
+
+ private:
+  const Activation& activation_;
+};
+
+}  // namespace activex

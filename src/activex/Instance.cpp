@@ -1,0 +1,38 @@
+#include "activex/Instance.h"
+
+#include "activex/himetric.h"
+
+namespace activex {
+namespace {
+
+// Before any host has a say.
+constexpr int32_t kWidth = 640, kHeight = 480;
+
+}  // namespace
+
+Instance::Instance(IUnknown& object)
+    : activation(object, *this),
+      desktop(activation),
+      body(object, desktop, [this] {
+        activation.repaint();
+        view.changed();
+      }) {
+  takeSize(kWidth, kHeight);
+}
+
+void Instance::takeSize(int32_t width, int32_t height) {
+  if (pixelsOf(extent.cx) != width || pixelsOf(extent.cy) != height) {
+    extent = {himetricOf(width), himetricOf(height)};
+    dirty = true;
+  }
+  body.resize(width, height);
+}
+
+void Instance::takeExtent(const SIZEL& himetric) {
+  dirty = dirty || extent.cx != himetric.cx || extent.cy != himetric.cy;
+  extent = himetric;
+  // The window of an active control has the last word on its size.
+  if (!activation.active()) body.resize(pixelsOf(extent.cx), pixelsOf(extent.cy));
+}
+
+}  // namespace activex
