@@ -1,0 +1,83 @@
+#include "Picture.h"
+
+#include <wincodec.h>
+
+#include <algorithm>
+#include <cwctype>
+
+#include "ComOwner.h"
+#include "Dispatch.h"
+
+namespace host {
+namespace {
+
+bool endsWith(std::wstring text, const std::wstring& end) {
+  std::transform(text.begin(), text.end(), text.begin(),
+                 [](wchar_t c) { return static_cast<wchar_t>(std::towlower(c)); });
+  return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
+}
+
+}  // namespace
+
+Picture takePicture(int width, int height, const std::function<void(HDC)>& draw) {
+  Picture picture{width, height, {}};
+  BITMAPINFO info = {};
+  info.bmiHeader = {sizeof(BITMAPINFOHEADER), width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+  void* bits = nullptr;
+  const HDC dc = CreateCompatibleDC(nullptr);
+  const HBITMAP bitmap = CreateDIBSection(dc, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
+  if (bitmap != nullptr) {
+    const HGDIOBJ before = SelectObject(dc, bitmap);
+    PatBlt(dc, 0, 0, width, height, WHITENESS);
+    draw(dc);
+    GdiFlush();
+    const auto* first = static_cast<const uint32_t*>(bits);
+    picture.pixels.assign(first, first + static_cast<std::ptrdiff_t>(width) * height);
+    // Devices leave what they like in the fourth byte.
+    for (uint32_t& pixel : picture.pixels) pixel &= 0x00FFFFFF;
+    SelectObject(dc, before);
+    DeleteObject(bitmap);
+  }
+  DeleteDC(dc);
+  if (bitmap == nullptr) throw HostError(E_OUTOFMEMORY, "no memory for the picture");
+  return picture;
+}
+
+void savePicture(const Picture& picture, const std::wstring& path) {
+  const std::string refusal = "cannot write " + narrow(path);
+  ComOwner<IWICImagingFactory> factory;
+  ComOwner<IWICBitmapEncoder> encoder;
+  ComOwner<IWICBitmapFrameEncode> frame;
+  ComOwner<IWICStream> stream;
+  const auto width = static_cast<UINT>(picture.width), height = static_cast<UINT>(picture.height);
+  // Three bytes a pixel, rows padded to a multiple of four bytes as bitmaps want them.
+  const UINT stride = (3 * width + 3) / 4 * 4;
+  std::vector<BYTE> rows(static_cast<std::size_t>(stride) * height);
+  for (int y = 0; y < picture.height; ++y) {
+    BYTE* to = rows.data() + static_cast<std::size_t>(y) * stride;
+    for (int x = 0; x < picture.width; ++x) {
+      for (const int shift : {0, 8, 16}) *to++ = static_cast<BYTE>(picture.at(x, y) >> shift & 0xFF);
+    }
+  }
+  require(CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER,
+                           IID_IWICImagingFactory, factory.receiveAny()),
+          "no picture files here");
+  require(factory->CreateStream(stream.receive()), refusal);
+  require(stream->InitializeFromFilename(path.c_str(), GENERIC_WRITE), refusal);
+  require(factory->CreateEncoder(
+              endsWith(path, L".bmp") ? GUID_ContainerFormatBmp : GUID_ContainerFormatPng, nullptr,
+              encoder.receive()),
+          refusal);
+  require(encoder->Initialize(stream.get(), WICBitmapEncoderNoCache), refusal);
+  require(encoder->CreateNewFrame(frame.receive(), nullptr), refusal);
+  require(frame->Initialize(nullptr), refusal);
+  require(frame->SetSize(width, height), refusal);
+  WICPixelFormatGUID format = GUID_WICPixelFormat24bppBGR;
+  require(frame->SetPixelFormat(&format), refusal);
+  require(frame->WritePixels(height, stride, static_cast<UINT>(rows.size()), rows.data()),
+          refusal);
+  require(frame->Commit(), refusal);
+  require(encoder->Commit(), refusal);
+}
+
+}  // namespace host
