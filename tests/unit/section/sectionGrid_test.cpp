@@ -1,0 +1,95 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+#include "section/sectionValues.h"
+#include "util/RuntimeError.h"
+
+using namespace KelvaneMain;
+
+namespace {
+
+template <class Call>
+int errorOf(Call call) {
+  try {
+    call();
+  } catch (const util::RuntimeError& error) {
+    return error.number();
+  }
+  return 0;
+}
+
+TEST(SectionGrid, StartsEmpty) {
+  const SectionGrid grid;
+  EXPECT_TRUE(grid.empty());
+  EXPECT_EQ(grid.ncols(), 0);
+  EXPECT_EQ(grid.nlevels(), 0);
+  EXPECT_EQ(errorOf([&] { grid.value(1, 1); }), util::kSubscript);
+  EXPECT_EQ(errorOf([&] { grid.depth(1); }), util::kSubscript);
+}
+
+TEST(SectionGrid, IsSizedAfreshWithoutMarks) {
+  SectionGrid grid;
+  grid.size(2, 3);
+  grid.store(2, 3, 7);
+  grid.size(3, 3);
+  for (int32_t c = 1; c <= 3; ++c) {
+    for (int32_t k = 1; k <= 3; ++k) {
+      EXPECT_EQ(grid.value(c, k), 0);
+      EXPECT_EQ(grid.mark(c, k), 0);
+    }
+  }
+}
+
+TEST(SectionGrid, MarksValuesOnly) {
+  constexpr float nan = std::numeric_limits<float>::quiet_NaN();
+  struct Row {
+    float value;
+    int16_t mark;
+  };
+  const Row rows[] = {{0, 1},       {-9.9e34F, 1},  {1e36F, 1}, {kMissingValue, 0},
+                      {-2e35F, 0},  {nan, 0},       {std::nextafter(kMissingValue, 0.0F), 1}};
+  SectionGrid grid;
+  grid.size(1, 1);
+  for (const Row& row : rows) {
+    grid.store(1, 1, row.value);
+    EXPECT_EQ(grid.mark(1, 1), row.mark) << row.value;
+  }
+}
+
+TEST(SectionGrid, ChecksEveryIndex) {
+  SectionGrid grid;
+  grid.size(2, 3);
+  grid.store(1, 3, 13);
+  grid.store(2, 1, 21);
+  EXPECT_EQ(grid.value(1, 3), 13);
+  EXPECT_EQ(grid.value(2, 1), 21);
+  for (const auto& [c, k] : {std::pair{0, 1}, {3, 1}, {1, 0}, {1, 4}, {-1, -1}}) {
+    EXPECT_EQ(errorOf([&] { grid.value(c, k); }), util::kSubscript) << c << ", " << k;
+    EXPECT_EQ(errorOf([&] { grid.mark(c, k); }), util::kSubscript) << c << ", " << k;
+    EXPECT_EQ(errorOf([&] { grid.store(c, k, 1); }), util::kSubscript) << c << ", " << k;
+  }
+}
+
+TEST(SectionGrid, DepthsCountFromOne) {
+  SectionGrid grid;
+  grid.depths = {0, 10, 30};
+  EXPECT_EQ(grid.depth(1), 10);
+  EXPECT_EQ(grid.depth(2), 30);
+  EXPECT_EQ(errorOf([&] { grid.depth(0); }), util::kSubscript) << "the top is never drawn";
+  EXPECT_EQ(errorOf([&] { grid.depth(3); }), util::kSubscript);
+}
+
+TEST(SectionGrid, KeepsWhatItHoldsWhenItCannotBeSized) {
+  SectionGrid grid;
+  grid.size(2, 2);
+  grid.store(2, 2, 5);
+  EXPECT_EQ(errorOf([&] { grid.size(0, 2); }), util::kSubscript);
+  EXPECT_EQ(errorOf([&] { grid.size(2, 0); }), util::kSubscript);
+  EXPECT_EQ(errorOf([&] { grid.size(-1, -1); }), util::kSubscript);
+  EXPECT_EQ(errorOf([&] { grid.size(65536, 65536); }), util::kOverflow);
+  EXPECT_EQ(grid.value(2, 2), 5);
+}
+
+}  // namespace
