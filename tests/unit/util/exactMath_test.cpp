@@ -1,9 +1,9 @@
+#include "util/exactMath.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <limits>
-
-#include "util/exactMath.h"
 
 namespace {
 

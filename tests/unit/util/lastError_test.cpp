@@ -1,10 +1,11 @@
+#include "util/lastError.h"
+
 #include <gtest/gtest.h>
 
 #include <new>
 #include <stdexcept>
 
 #include "util/RuntimeError.h"
-#include "util/lastError.h"
 
 namespace {
 

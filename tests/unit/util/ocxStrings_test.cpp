@@ -1,8 +1,8 @@
+#include "util/ocxStrings.h"
+
 #include <gtest/gtest.h>
 
 #include <utility>
-
-#include "util/ocxStrings.h"
 
 namespace {
 

@@ -1,10 +1,11 @@
+#include "util/calendar.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <limits>
 
 #include "util/RuntimeError.h"
-#include "util/calendar.h"
 
 namespace {
 

@@ -1,3 +1,5 @@
+#include "util/rounding.h"
+
 #include <gtest/gtest.h>
 
 #include <cfenv>
@@ -7,7 +9,6 @@
 #include "util/OneBased.h"
 #include "util/RuntimeError.h"
 #include "util/ocxMinmax.h"
-#include "util/rounding.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
+#include "util/numberText.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <limits>
-
-#include "util/numberText.h"
 
 namespace {
 
