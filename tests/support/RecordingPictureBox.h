@@ -12,9 +12,9 @@ struct Operation {
   enum class Kind { Move, Cls, Refresh, Line, Box, Print, And } kind;
   float x1 = 0, y1 = 0, x2 = 0, y2 = 0;  // Print: x1, y1 is the text position
   platform::Colour colour = 0;
-  std::string text;                  // Print: the text; And: the source's name
-  platform::Font font;               // Print
-  int32_t drawWidth = 1;             // Line
+  std::string text = {};     // Print: the text; And: the source's name
+  platform::Font font = {};  // Print
+  int32_t drawWidth = 1;     // Line
 };
 
 // A picture box that draws nothing and records every operation. Its metrics are fixed: every

@@ -1,0 +1,48 @@
+#include "platform/PictureBox.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <utility>
+
+#include "util/RuntimeError.h"
+#include "util/rounding.h"
+
+namespace platform {
+namespace {
+
+// Clipping comes before rounding, so that a corner far outside cannot overflow an integer.
+int32_t nearestPixel(float coordinate, int32_t size) {
+  const double clipped = std::clamp(static_cast<double>(coordinate), -1.0, size + 1.0);
+  return util::roundToLong(clipped);
+}
+
+// First and last pixel covered along one direction.
+std::pair<int32_t, int32_t> covered(float a, float b, int32_t size) {
+  const int32_t first = nearestPixel(std::min(a, b), size);
+  const int32_t last = nearestPixel(std::max(a, b), size);
+  return {std::max(first, 0), std::min(last, size - 1)};
+}
+
+}  // namespace
+
+Colour basicPalette(int32_t entry) {
+  static constexpr std::array<Colour, 16> kPalette = {
+      rgb(0, 0, 0),       rgb(0, 0, 128),   rgb(0, 128, 0),   rgb(0, 128, 128),
+      rgb(128, 0, 0),     rgb(128, 0, 128), rgb(128, 128, 0), rgb(192, 192, 192),
+      rgb(128, 128, 128), rgb(0, 0, 255),   rgb(0, 255, 0),   rgb(0, 255, 255),
+      rgb(255, 0, 0),     rgb(255, 0, 255), rgb(255, 255, 0), rgb(255, 255, 255)};
+  if (entry < 0 || entry >= static_cast<int32_t>(kPalette.size())) util::raise(util::kSubscript);
+  return kPalette[static_cast<std::size_t>(entry)];
+}
+
+PixelBox pixelBox(float x1, float y1, float x2, float y2, int32_t width, int32_t height) {
+  if (std::isnan(x1) || std::isnan(y1) || std::isnan(x2) || std::isnan(y2)) return {};
+  if (width < 1 || height < 1) return {};
+  const auto [left, right] = covered(x1, x2, width);
+  const auto [top, bottom] = covered(y1, y2, height);
+  if (right < left || bottom < top) return {};
+  return {left, top, right, bottom};
+}
+
+}  // namespace platform

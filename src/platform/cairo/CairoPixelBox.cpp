@@ -1,0 +1,145 @@
+#include "platform/cairo/CairoPixelBox.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "platform/cairo/clipLine.h"
+#include "platform/cairo/drawableText.h"
+#include "util/rounding.h"
+
+namespace platform {
+namespace {
+
+double asDouble(float value) { return static_cast<double>(value); }
+
+// The pixel format has blue in the low byte, a colour has red there.
+uint32_t pixelOf(Colour colour) {
+  const auto bits = static_cast<uint32_t>(colour);
+  return 0xFF000000U | (bits & 0xFFU) << 16U | (bits & 0xFF00U) | (bits >> 16U & 0xFFU);
+}
+
+int32_t nearestPixel(float coordinate) {
+  return util::roundToLong(std::clamp(asDouble(coordinate), -1e6, 1e6));
+}
+
+}  // namespace
+
+void CairoPixelBox::Move(int32_t, int32_t, int32_t width, int32_t height) {
+  const int32_t newWidth = std::clamp(width, 0, kLargestSide);
+  const int32_t newHeight = std::clamp(height, 0, kLargestSide);
+  if (newWidth == width_ && newHeight == height_) return;
+  width_ = newWidth;
+  height_ = newHeight;
+  makeSurface();
+}
+
+void CairoPixelBox::makeSurface() {
+  context_.reset();
+  surface_.reset();
+  if (width_ > 0 && height_ > 0 && int64_t{width_} * height_ <= kMostPixels) {
+    CairoSurface made(cairo_image_surface_create(CAIRO_FORMAT_RGB24, width_, height_));
+    if (cairo_surface_status(made.get()) == CAIRO_STATUS_SUCCESS) {
+      surface_ = std::move(made);
+      context_.reset(cairo_create(surface_.get()));
+      Cls();
+      return;
+    }
+  }
+  width_ = height_ = 0;
+}
+
+uint32_t* CairoPixelBox::row(int32_t y) const {
+  // Rows of this format are aligned to their 32-bit pixels.
+  unsigned char* bytes = cairo_image_surface_get_data(surface_.get());
+  const int stride = cairo_image_surface_get_stride(surface_.get());
+  void* start = bytes + std::ptrdiff_t{stride} * y;
+  return static_cast<uint32_t*>(start);
+}
+
+cairo_t* CairoPixelBox::drawWithCairo() {
+  if (writtenDirectly_) cairo_surface_mark_dirty(surface_.get());
+  writtenDirectly_ = false;
+  return context_.get();
+}
+
+void CairoPixelBox::fill(const PixelBox& box, Colour colour) {
+  if (!surface_ || box.empty()) return;
+  if (!writtenDirectly_) cairo_surface_flush(surface_.get());
+  writtenDirectly_ = true;
+  const uint32_t pixel = pixelOf(colour);
+  for (int32_t y = box.top; y <= box.bottom; ++y) {
+    std::fill_n(row(y) + box.left, box.right - box.left + 1, pixel);
+  }
+}
+
+void CairoPixelBox::Cls() {
+  CurrentX = CurrentY = 0.0F;
+  fill({0, 0, width_ - 1, height_ - 1}, rgb(255, 255, 255));
+}
+
+void CairoPixelBox::Box(float x1, float y1, float x2, float y2, Colour colour) {
+  fill(pixelBox(x1, y1, x2, y2, width_, height_), colour);
+}
+
+void CairoPixelBox::Line(float x1, float y1, float x2, float y2, Colour colour) {
+  if (!surface_ || std::isnan(x1 + y1 + x2 + y2)) return;
+  const int32_t thickness = std::clamp(DrawWidth, 1, 1000);
+  // The pixels beside the line that its thickness takes in.
+  const auto before = static_cast<float>(thickness / 2);
+  const auto after = static_cast<float>((thickness - 1) / 2);
+  if (y1 == y2) {
+    const auto y = static_cast<float>(nearestPixel(y1));
+    fill(pixelBox(x1, y - before, x2, y + after, width_, height_), colour);
+  } else if (x1 == x2) {
+    const auto x = static_cast<float>(nearestPixel(x1));
+    fill(pixelBox(x - before, y1, x + after, y2, width_, height_), colour);
+  } else if (const auto line =
+                 clipLine({asDouble(x1), asDouble(y1), asDouble(x2), asDouble(y2)}, width_,
+                          height_, thickness)) {
+    cairo_t* context = drawWithCairo();
+    setColour(context, colour);
+    cairo_set_line_width(context, thickness);
+    cairo_set_line_cap(context, CAIRO_LINE_CAP_ROUND);
+    cairo_move_to(context, line->x1 + 0.5, line->y1 + 0.5);
+    cairo_line_to(context, line->x2 + 0.5, line->y2 + 0.5);
+    cairo_stroke(context);
+  }
+}
+
+void CairoPixelBox::Print(std::string_view text) {
+  if (surface_ && !std::isnan(CurrentX) && !std::isnan(CurrentY)) {
+    lettering_.show(drawWithCairo(), drawableText(text), nearestPixel(CurrentX),
+                    nearestPixel(CurrentY), Font, ForeColor);
+  }
+  CurrentX = 0.0F;
+  CurrentY += TextHeight(text);
+}
+
+float CairoPixelBox::TextWidth(std::string_view text) const {
+  return lettering_.width(drawableText(text), Font);
+}
+
+float CairoPixelBox::TextHeight(std::string_view) const { return lettering_.height(Font); }
+
+void CairoPixelBox::AndFrom(const PictureBox& source) {
+  const auto& from = dynamic_cast<const CairoPixelBox&>(source);
+  if (!surface_ || !from.surface_) return;
+  cairo_surface_flush(from.surface_.get());
+  if (!writtenDirectly_) cairo_surface_flush(surface_.get());
+  writtenDirectly_ = true;
+  const int32_t width = std::min(width_, from.width_);
+  for (int32_t y = 0; y < std::min(height_, from.height_); ++y) {
+    uint32_t* pixels = row(y);
+    const uint32_t* others = from.row(y);
+    for (int32_t x = 0; x < width; ++x) pixels[x] &= others[x];
+  }
+}
+
+Colour CairoPixelBox::pixel(int32_t x, int32_t y) const {
+  cairo_surface_flush(surface_.get());
+  const uint32_t bits = row(y)[x];
+  return rgb(static_cast<int32_t>(bits >> 16U & 0xFFU), static_cast<int32_t>(bits >> 8U & 0xFFU),
+             static_cast<int32_t>(bits & 0xFFU));
+}
+
+}  // namespace platform

@@ -1,0 +1,48 @@
+#include "platform/cairo/clipLine.h"
+
+#include <algorithm>
+
+namespace platform {
+namespace {
+
+// The part of the way 0..1 along a line that is inside.
+struct Way {
+  double from = 0, to = 1;
+  bool empty() const { return !(from <= to); }
+};
+
+void clipDirection(Way& way, double start, double advance, double low, double high) {
+  if (advance == 0.0) {
+    if (!(low <= start && start <= high)) way = {1, 0};
+    return;
+  }
+  const double a = (low - start) / advance;
+  const double b = (high - start) / advance;
+  way.from = std::max(way.from, std::min(a, b));
+  way.to = std::min(way.to, std::max(a, b));
+}
+
+}  // namespace
+
+std::optional<LinePiece> clipLine(const LinePiece& line, double width, double height,
+                                  double thickness) {
+  const double dx = line.x2 - line.x1;
+  const double dy = line.y2 - line.y1;
+  const double border = thickness + 2.0;
+  Way way;
+  clipDirection(way, line.x1, dx, -border, width + border);
+  clipDirection(way, line.y1, dy, -border, height + border);
+  if (way.empty()) return std::nullopt;
+  LinePiece piece = line;
+  if (way.from > 0.0) {
+    piece.x1 = line.x1 + way.from * dx;
+    piece.y1 = line.y1 + way.from * dy;
+  }
+  if (way.to < 1.0) {
+    piece.x2 = line.x1 + way.to * dx;
+    piece.y2 = line.y1 + way.to * dy;
+  }
+  return piece;
+}
+
+}  // namespace platform

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+namespace platform {
+
+struct LinePiece {
+  double x1 = 0, y1 = 0, x2 = 0, y2 = 0;
+};
+
+// The piece of a line that can leave ink on a surface of width x height when it is drawn
+// thickness units wide; nothing when it lies outside. Cairo's coordinates are far narrower
+// than single precision.
+std::optional<LinePiece> clipLine(const LinePiece& line, double width, double height,
+                                  double thickness);
+
+}  // namespace platform

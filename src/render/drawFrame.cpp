@@ -1,0 +1,79 @@
+#include <vector>
+
+#include "colorkey/rampColour.h"
+#include "render/axes.h"
+#include "render/drawVSection.h"
+#include "render/plotFrame.h"
+#include "render/settings.h"
+#include "section/sectionPath.h"
+#include "section/sectionValues.h"
+#include "util/rounding.h"
+
+namespace KelvaneMain {
+namespace {
+
+using platform::PictureBox;
+
+// One world unit is one column, from 0 on.
+constexpr double kColumnOrigin = 0.0;
+constexpr double kColumnWidth = 1.0;
+
+double asDouble(float value) { return static_cast<double>(value); }
+
+// Column edges and level depths are mapped once for the whole grid, not once a cell.
+void DrawCellBlocks(PictureBox& surface) {
+  const SectionGrid& grid = section_values;
+  const int32_t nlevels = grid.nlevels();
+  const int32_t ncols = grid.ncols();
+  std::vector<float> edgeX, levelY;
+  for (int32_t i = 0; i <= ncols; ++i) {
+    edgeX.push_back(WorldToSurface(kColumnOrigin + i * kColumnWidth, plot.WorldY2).x);
+  }
+  for (int32_t k = 1; k <= nlevels; ++k) {
+    levelY.push_back(WorldToSurface(plot.WorldX1, -grid.depth(k)).y);
+  }
+  for (int32_t k = 1; k < nlevels; ++k) {
+    const float top = levelY[static_cast<std::size_t>(k - 1)];
+    const float bottom = levelY[static_cast<std::size_t>(k)];
+    for (int32_t i = 1; i <= ncols; ++i) {
+      if (grid.mark(i, k) == 0) continue;
+      const auto column = static_cast<std::size_t>(i);
+      surface.Box(edgeX[column - 1], top, edgeX[column], bottom,
+                  ModColor::CellColour(grid.value(i, k)));
+    }
+  }
+}
+
+void DrawAxes(PictureBox& surface) {
+  const SurfacePoint topLeft = WorldToSurface(plot.WorldX1, plot.WorldY2);
+  const SurfacePoint bottomRight = WorldToSurface(plot.WorldX2, plot.WorldY1);
+  // A path without a length (none was ever built) has no distances to show.
+  if (settings.ShowDistanceAxis == 1 && section.section_length_km > 0.0) {
+    const float length = util::storeSingle(section.section_length_km);
+    const float unitsPerKm =
+        util::storeSingle((asDouble(bottomRight.x) - asDouble(topLeft.x)) / asDouble(length));
+    DrawDistanceAxis(surface, topLeft.x, bottomRight.y, unitsPerKm, length, 0.0F);
+  }
+  if (settings.ShowDepthAxis == 1) {
+    const double deepest = section_values.depth(section_values.nlevels());
+    const float unitsPerMetre =
+        util::storeSingle((asDouble(bottomRight.y) - asDouble(topLeft.y)) / deepest);
+    DrawDepthAxis(surface, topLeft.x, topLeft.y, unitsPerMetre, section_values.section_depth_max,
+                  0.0F);
+  }
+}
+
+}  // namespace
+
+int DrawFrameAndAxes(PictureBox& surface) {
+  const PlotArea area = SetMargins(surface);
+  const int32_t status = Cartesian(area.width, area.height,
+                                   util::roundToLong(asDouble(plot.LeftMargin)),
+                                   util::roundToLong(asDouble(plot.BottomMargin)));
+  if (status != 0) return status;
+  DrawCellBlocks(surface);
+  DrawAxes(surface);
+  return 0;
+}
+
+}  // namespace KelvaneMain

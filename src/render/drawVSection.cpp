@@ -1,0 +1,118 @@
+#include "render/drawVSection.h"
+
+#include "colorkey/colorKey.h"
+#include "colorkey/legend.h"
+#include "colorkey/rampColour.h"
+#include "render/plotFrame.h"
+#include "render/settings.h"
+#include "section/drawItems.h"
+#include "section/sectionValues.h"
+#include "util/RuntimeError.h"
+#include "util/lastError.h"
+#include "util/rounding.h"
+
+namespace KelvaneMain {
+namespace {
+
+using platform::PictureBox;
+using platform::Pictures;
+
+double asDouble(float value) { return static_cast<double>(value); }
+
+// The drawing state of a surface, put back however the drawing ends.
+class SurfaceState {
+ public:
+  explicit SurfaceState(PictureBox& surface)
+      : surface_(surface),
+        font_(surface.Font),
+        foreColor_(surface.ForeColor),
+        drawWidth_(surface.DrawWidth) {}
+  ~SurfaceState() {
+    surface_.Font = font_;
+    surface_.ForeColor = foreColor_;
+    surface_.DrawWidth = drawWidth_;
+  }
+  SurfaceState(const SurfaceState&) = delete;
+  SurfaceState& operator=(const SurfaceState&) = delete;
+
+ private:
+  PictureBox& surface_;
+  platform::Font font_;
+  platform::Colour foreColor_;
+  int32_t drawWidth_;
+};
+
+void setWorldRectangle() {
+  plot.WorldX1 = 0.0;
+  plot.WorldX2 = section_values.ncols();
+  plot.WorldY1 = 0.0 - asDouble(section_values.section_depth_max);
+  plot.WorldY2 = 0.0;
+}
+
+// The kept plotting range, not the extremes of this step: colours stay comparable in time.
+void setValueRange(const DrawItem& item) {
+  ModColor::ValueMin = item.plot_min;
+  ModColor::ValueSpan = util::storeSingle(asDouble(item.plot_max) - asDouble(item.plot_min));
+}
+
+void DrawLegend(PictureBox& surface) {
+  const double width = 2.0 * asDouble(plot.RightMargin);
+  const float x = util::storeSingle(asDouble(surface.ScaleWidth()) - width);
+  const float height = util::storeSingle(asDouble(surface.ScaleHeight()) -
+                                         asDouble(plot.TopMargin) - asDouble(plot.BottomMargin));
+  const auto draw = ModColor::bUseKey >= 0 ? ModColor::DrawRampLegend : ModColor::DrawKeyLegend;
+  draw(surface, x, plot.TopMargin, util::storeSingle(width), height);
+}
+
+void DrawSteps(Pictures& pictures) {
+  PictureBox& surface = pictures.picSection;
+  settings.ShowDistanceAxis = 1;
+  settings.ShowDepthAxis = 1;
+  surface.Font.Bold = true;
+  if (settings.ShowTitles != 0) DrawTitles(pictures.picDateTime, surface);
+  if (section_values.empty()) util::raise(util::kSubscript);  // nothing was ever read
+  setWorldRectangle();
+  setValueRange(DrawItems(Item_shown));
+  DrawFrameAndAxes(surface);
+  surface.Font.Bold = false;
+  if (settings.ShowLegend == 1) DrawLegend(surface);
+}
+
+// White is neutral in every transfer, so the inks of all surfaces meet on the visible one.
+void CombinePictures(Pictures& pictures) {
+  pictures.Picture1.Cls();
+  pictures.picSection.AndFrom(pictures.picContours);
+  pictures.picSection.AndFrom(pictures.picDateTime);
+  pictures.Picture1.AndFrom(pictures.picSection);
+  pictures.picSection.Refresh();
+  pictures.Picture1.Refresh();
+}
+
+template <class Step>
+void trapped(Step step) {
+  try {
+    step();
+  } catch (...) {
+    util::reportTagged("DrawVSection KelvaneMain");
+  }
+}
+
+}  // namespace
+
+void DrawVSection(Pictures& pictures) {
+  {
+    const SurfaceState section(pictures.picSection);
+    const SurfaceState contours(pictures.picContours);
+    const SurfaceState dateTime(pictures.picDateTime);
+    trapped([&] {
+      // All three, whatever is drawn on them: nothing old may come through the transfers.
+      pictures.picSection.Cls();
+      pictures.picContours.Cls();
+      pictures.picDateTime.Cls();
+      DrawSteps(pictures);
+    });
+  }
+  trapped([&] { CombinePictures(pictures); });
+}
+
+}  // namespace KelvaneMain
