@@ -31,7 +31,9 @@ debian_sources() {
         for (i = 3; i <= n; i++) if (word[i] == "main") print word[1] "|" word[2] "|" signed
       }' "${one_line[@]}"
     [ "${#stanzas[@]}" -eq 0 ] || awk '
-      function flush(  i, j, n, m, uri, suite) {
+      function flush(  i, j, n, m, uri, suite, signature) {
+        signature = value["trusted"] != "" ? "Trusted: " value["trusted"] \
+          : value["signed-by"] != "" ? "Signed-By: " value["signed-by"] : ""
         n = split(value["uris"], uri, /[ \t]+/); m = split(value["suites"], suite, /[ \t]+/)
         if ((" " value["types"] " ") ~ /[ \t]deb[ \t]/ &&
             (" " value["components"] " ") ~ /[ \t]main[ \t]/ &&
@@ -39,8 +41,7 @@ debian_sources() {
           for (i = 1; i <= n; i++)
             for (j = 1; j <= m; j++)
               if (uri[i] != "" && suite[j] != "")
-                print uri[i] "|" suite[j] "|" (value["trusted"] != "" ? "Trusted: " value["trusted"] \
-                  : value["signed-by"] != "" ? "Signed-By: " value["signed-by"] : "")
+                print uri[i] "|" suite[j] "|" signature
         split("", value); name = ""
       }
       FNR == 1 && NR > 1 { flush() }
