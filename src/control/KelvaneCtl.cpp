@@ -1,0 +1,174 @@
+#include "control/KelvaneCtl.h"
+
+#include <algorithm>
+
+#include "colorkey/colorKey.h"
+#include "netcdf/catalogue.h"
+#include "netcdf/geoWindow.h"
+#include "netcdf/identify.h"
+#include "netcdf/ncf.h"
+#include "netcdf/title.h"
+#include "render/drawVSection.h"
+#include "render/settings.h"
+#include "section/drawItems.h"
+#include "section/sectionPath.h"
+#include "section/sectionValues.h"
+#include "util/lastError.h"
+#include "util/rounding.h"
+
+namespace control {
+
+using namespace KelvaneMain;
+using ocxNetNc::ncf;
+using platform::DesktopScope;
+
+namespace {
+
+constexpr int16_t kSuccess = 1;
+constexpr int16_t kFailure = -1;
+
+int16_t outcome(int32_t status) { return status >= 0 ? kSuccess : kFailure; }
+
+}  // namespace
+
+KelvaneCtl::KelvaneCtl(platform::Pictures pictures, platform::Desktop& desktop)
+    : pictures_(pictures), desktop_(desktop) {}
+
+void KelvaneCtl::ShowOptions() {
+  util::LastError = "[ShowOptions] The options dialog is not supported by this version";
+}
+
+int16_t KelvaneCtl::NcFile(const std::string& filename) {
+  const DesktopScope scope(desktop_);
+  ocxNetNc::DataSetName = filename;
+  if (ocxNetNc::OpenCatalogue(filename, 0) < 0) return kFailure;
+  if (ocxNetNc::IdentifyCoordinates() <= 0) return kFailure;
+  if (BuildDrawItems() <= 0) return kFailure;
+  if (ocxNetNc::SetGeoWindow() <= 0) return kFailure;
+  ResetSettings();
+  Item_shown = 1;
+  VarShown = ItemMatch(Item_shown);
+  TimeShown = 1;
+  return ocxNetNc::MakeTitle(VarShown, TimeShown) > 0 ? kSuccess : kFailure;
+}
+
+int16_t KelvaneCtl::KewFile(const std::string&) {
+  ModColor::ColorKey.nDivision = -1;
+  util::LastError = "[KewFile] Colour-key files are not supported by this version";
+  return kFailure;
+}
+
+void KelvaneCtl::NewSection() { ClearSectionPoints(); }
+
+void KelvaneCtl::AddSection(float X, float y) { AddSectionPoint(X, y); }
+
+void KelvaneCtl::AddColorKey(float vLow, float vHig, int32_t col) {
+  ModColor::AddColorKey(vLow, vHig, col);
+}
+
+void KelvaneCtl::NewColorKey() { ModColor::NewColorKey(); }
+
+int16_t KelvaneCtl::EndSection() {
+  const DesktopScope scope(desktop_);
+  return outcome(MakeKelvane());
+}
+
+int16_t KelvaneCtl::SetVarByName(const std::string& vName) {
+  const DesktopScope scope(desktop_);
+  return outcome(SelectVarByName(vName));
+}
+
+int16_t KelvaneCtl::SetVarByOrder(int32_t Order) {
+  const DesktopScope scope(desktop_);
+  return outcome(SelectVarByOrder(Order));
+}
+
+std::string KelvaneCtl::ErrorMessage() const { return util::LastError; }
+
+int32_t KelvaneCtl::NumDrawAbleItems() const { return nDrawItems(); }
+
+std::string KelvaneCtl::ItemName(int32_t nOrder) const {
+  return DrawItems.has(nOrder) ? DrawItems(nOrder).name : std::string();
+}
+
+bool KelvaneCtl::DrawProfile() const { return settings.ViewMode == kProfileView; }
+
+void KelvaneCtl::DrawProfile(bool profile) {
+  settings.ViewMode = profile ? kProfileView : kSectionView;
+}
+
+bool KelvaneCtl::DrawVerticalSection() const { return settings.ViewMode == kSectionView; }
+
+void KelvaneCtl::DrawVerticalSection(bool section) {
+  settings.ViewMode = section ? kSectionView : kProfileView;
+}
+
+void KelvaneCtl::Draw() {
+  const DesktopScope scope(desktop_);
+  if (Item_shown < 1) {
+    Item_shown = 1;
+    VarShown = ItemMatch(Item_shown);
+  }
+  ReadAndDraw();
+}
+
+void KelvaneCtl::SetCurrentTime(int32_t lTime) {
+  const DesktopScope scope(desktop_);
+  TimeShown = lTime;
+  if (lTime >= 1) ReadAndDraw();
+}
+
+int32_t KelvaneCtl::AdvanceTime(int32_t nt) {
+  const DesktopScope scope(desktop_);
+  const int32_t next = util::addLong(TimeShown, nt);
+  TimeShown = next > ncf.ntime ? 1 : next;
+  ReadAndDraw();
+  return TimeShown;
+}
+
+void KelvaneCtl::ReDraw() {
+  const DesktopScope scope(desktop_);
+  DrawHeld();
+}
+
+bool KelvaneCtl::UseColorKey() const { return ModColor::bUseKey == -1; }
+
+void KelvaneCtl::UseColorKey(bool use) { ModColor::UseColorKey(use); }
+
+void KelvaneCtl::InitColorKey() {
+  util::LastError = "[InitColorKey] Colour-key files are not supported by this version";
+}
+
+void KelvaneCtl::Resize(int32_t width, int32_t height) {
+  const int32_t newWidth = std::max(width, 0);
+  const int32_t newHeight = std::max(height, 0);
+  for (platform::PictureBox* picture : {&pictures_.picDateTime, &pictures_.picSection,
+                                        &pictures_.picContours, &pictures_.Picture1}) {
+    picture->Move(0, 0, newWidth, newHeight);
+  }
+  if (newWidth == width_ && newHeight == height_) return;
+  width_ = newWidth;
+  height_ = newHeight;
+  ReDraw();
+}
+
+void KelvaneCtl::ReadAndDraw() {
+  if (ReadVSData(VarShown, TimeShown) > 0) {
+    RoundPlotRange();
+    ocxNetNc::MakeTitle(VarShown, TimeShown);
+  }
+  DrawHeld();
+}
+
+// Without a single pixel nothing is drawn: there the mapping would fail with a message box, in
+// the midst of a host's layout.
+void KelvaneCtl::DrawHeld() {
+  if (pictures_.Picture1.ScaleWidth() < 1 || pictures_.Picture1.ScaleHeight() < 1) return;
+  if (settings.ViewMode == kProfileView) {
+    util::LastError = "[DrawProfile] The profile view is not supported by this version";
+  } else if (settings.ViewMode == kSectionView) {
+    DrawVSection(pictures_);
+  }
+}
+
+}  // namespace control
