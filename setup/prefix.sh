@@ -39,8 +39,20 @@ install_prefix_template() {
 }
 
 # new_prefix DIR makes DIR a fresh prefix with nothing of ours registered, replacing what was there.
+# The half gigabyte of Windows' own modules, which no program of ours writes, is linked where the
+# file system allows it; everything else is a copy.
 new_prefix() {
+  local template
+  template=$(prefix_template)
   rm -rf -- "$1"
   mkdir -p -- "$(dirname -- "$1")"
-  cp -a --no-preserve=ownership --reflink=auto -- "$(prefix_template)" "$1"
+  if cp -al -- "$template" "$1" 2>/dev/null; then
+    find "$1" -type f ! -path '*/windows/system32/*.*' -exec sh -c '
+      for file; do
+        cp -p -- "$file" "$file.copy" && mv -f -- "$file.copy" "$file" || exit 1
+      done' sh {} +
+  else
+    rm -rf -- "$1"
+    cp -a --no-preserve=ownership -- "$template" "$1"
+  fi
 }
