@@ -1,0 +1,117 @@
+#include "sectionRequest.h"
+
+#include <filesystem>
+
+#include "failures.h"
+#include "netcdf/ncf.h"
+#include "section/drawItems.h"
+#include "terminal.h"
+#include "util/lastError.h"
+#include "util/numberText.h"
+
+namespace cli {
+namespace {
+
+using ocxNetNc::ncf;
+
+// Which step of the recognition stopped without a word.
+std::string silentReason() {
+  if (ncf.lon_vId < 1) {
+    return "No longitude was found: no variable has units of degrees east.";
+  }
+  if (ncf.lat_vId < 1) {
+    return "No latitude was found: no variable has units of degrees north.";
+  }
+  const bool regular = ncf.lon_dId >= 0 && ncf.lat_dId >= 0;
+  if (!regular && ncf.icell_dId < 0 && ncf.ncell_dId < 0) {
+    return "Longitude and latitude are no axes of their own, and no dimension counts cells.";
+  }
+  if (ncf.has_level != 1) {
+    return "No vertical axis was found: no variable of one dimension is named level, sigma, z, "
+           "layer or depth (or begins so).";
+  }
+  if (KelvaneMain::nDrawItems() < 1) {
+    return "Nothing can be drawn: no variable of three or more dimensions uses the vertical axis.";
+  }
+  return "The data set could not be opened.";
+}
+
+// The netCDF library skips blanks in front of a name; a relative file name is put behind "./".
+std::string openableName(const std::string& name) {
+  std::error_code ignored;
+  const bool blankFirst = !name.empty() && static_cast<unsigned char>(name.front()) <= ' ';
+  return blankFirst && std::filesystem::exists(name, ignored) ? "./" + name : name;
+}
+
+std::string range(const ocxNetNc::CoordinateValues& values) {
+  return util::generalText(values(1)) + " to " + util::generalText(values(values.size()));
+}
+
+[[noreturn]] void refuseVariable(const control::KelvaneCtl& control, const std::string& name) {
+  std::string items;
+  for (int32_t item = 1; item <= control.NumDrawAbleItems(); ++item) {
+    items += (items.empty() ? "" : ", ") + control.ItemName(item);
+  }
+  throw Failure(control.ErrorMessage() + ": " + name + "\nItems that can be drawn: " + items);
+}
+
+[[noreturn]] void refusePath(const control::KelvaneCtl& control) {
+  std::string text = control.ErrorMessage();
+  if (!ncf.lon_values.empty() && !ncf.lat_values.empty()) {
+    text += "\nThe grid covers longitudes " + range(ncf.lon_values) + " and latitudes " +
+            range(ncf.lat_values) + ".";
+  }
+  throw Failure(text);
+}
+
+void noteBackwardSegments(const std::vector<PathPoint>& path) {
+  for (std::size_t k = 1; k < path.size(); ++k) {
+    if (path[k].lon < path[k - 1].lon || path[k].lat < path[k - 1].lat) {
+      report("note: segment " + std::to_string(k) +
+             " of the path goes west or south, but a section always advances toward east and "
+             "north from the segment's first point.");
+    }
+  }
+}
+
+void noteEmptySection() {
+  const int32_t item = KelvaneMain::Item_shown;
+  if (!KelvaneMain::DrawItems.has(item)) return;
+  const KelvaneMain::DrawItem& shown = KelvaneMain::DrawItems(item);
+  if (shown.maximum < shown.minimum) {
+    report("note: every value of " + shown.name + " is missing along this path.");
+  }
+}
+
+}  // namespace
+
+std::optional<std::string> openDataSet(control::KelvaneCtl& control, const std::string& name) {
+  util::LastError.clear();
+  if (control.NcFile(openableName(name)) == 1) return std::nullopt;
+  std::string reason = control.ErrorMessage();
+  return reason.empty() ? silentReason() : reason;
+}
+
+std::string drawSection(control::KelvaneCtl& control, TerminalDesktop& desktop,
+                        const SectionRequest& request) {
+  if (const auto reason = openDataSet(control, request.dataSet)) throw Failure(*reason);
+  if (request.variable && control.SetVarByName(*request.variable) != 1) {
+    refuseVariable(control, *request.variable);
+  }
+  noteBackwardSegments(request.path);
+  control.NewSection();
+  for (const PathPoint& point : request.path) control.AddSection(point.lon, point.lat);
+  if (control.EndSection() != 1) refusePath(control);
+
+  // The member reports nothing itself, and a success leaves older texts as they are.
+  util::LastError.clear();
+  desktop.lastMessage.clear();
+  control.SetCurrentTime(request.step);
+  const std::string text = control.ErrorMessage();
+  const bool drawingFailed = text.starts_with("DrawVSection KelvaneMain");
+  if (!text.empty() && !drawingFailed) throw Failure(text);
+  noteEmptySection();
+  return drawingFailed ? text : desktop.lastMessage;
+}
+
+}  // namespace cli

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace cli {
+
+// Standard output. Every failure of writing is noticed: a full disk throws Failure, a closed
+// pipe ReaderGone.
+class Output {
+ public:
+  void write(std::string_view text);
+  // Writes what is still held back; call it at the end.
+  void finish();
+
+ private:
+  std::string held_;
+};
+
+// A line on standard error, introduced by the program's name.
+void report(std::string_view text);
+
+// The text without control characters, which a data set could otherwise use to steer the
+// terminal. Line feeds stay when they are wanted.
+enum class LineFeeds { Keep, Replace };
+std::string printable(std::string_view text, LineFeeds lineFeeds = LineFeeds::Replace);
+
+// Makes sure that the three standard descriptors are taken, so that no file that is opened
+// later is mistaken for one of them, and that a closed pipe is an error like any other.
+void prepareDescriptors();
+
+}  // namespace cli

@@ -1,0 +1,98 @@
+#include "CliTest.h"
+
+namespace cli_test {
+namespace {
+
+using Arguments = std::vector<std::string>;
+
+class Usage : public CliTest {};
+
+TEST_F(Usage, HelpOfTheProgramAndOfEachCommandGoesToStandardOutput) {
+  const std::pair<Arguments, const char*> cases[] = {
+      {{"--help"}, "draw"},
+      {{"-h"}, "values"},
+      {{"info", "--help"}, "--json"},
+      {{"draw", "--help"}, "--size WxH"},
+      {{"draw", "small.nc", "--help"}, "--output FILE"},
+      {{"values", "-h"}, "--path POINTS"},
+  };
+  for (const auto& [arguments, part] : cases) {
+    const Result result = kelvane(arguments);
+    EXPECT_EQ(result.status, 0) << arguments.front();
+    EXPECT_TRUE(contains(result.out, part)) << result.out;
+    EXPECT_EQ(result.err, "");
+  }
+}
+
+TEST_F(Usage, Version) {
+  const Result result = kelvane({"--version"});
+  EXPECT_EQ(result.status, 0);
+  EXPECT_EQ(result.out, "kelvane " KELVANE_VERSION "\n");
+  EXPECT_EQ(result.err, "");
+}
+
+struct WrongUsage {
+  Arguments arguments;
+  const char* says;
+  const char* hint;
+};
+
+TEST_F(Usage, ErrorsNameTheFaultAndEndWithTwo) {
+  const std::string path = kSmallPath;
+  const WrongUsage cases[] = {
+      {{}, "subcommand", "'kelvane --help'"},
+      {{"paint"}, "subcommand", "'kelvane --help'"},
+      {{"--nonsense"}, "subcommand", "'kelvane --help'"},
+      {{"info"}, "file is required", "'kelvane info --help'"},
+      {{"info", "--nonsense", "small.nc"}, "--nonsense", "'kelvane info --help'"},
+      {{"info", "small.nc", "other.nc"}, "other.nc", "'kelvane info --help'"},
+      {{"draw", "small.nc", "--path", path}, "--output is required", "'kelvane draw --help'"},
+      {{"draw", "small.nc", "-o", "a.png"}, "--path is required", "'kelvane draw --help'"},
+      {{"draw", "--path", path, "-o", "a.png"}, "file is required", "'kelvane draw --help'"},
+      {{"draw", "small.nc", "--path", "1,2", "-o", "a.png"}, "'1,2' is not a path", "draw --help"},
+      {{"draw", "small.nc", "--path", "", "-o", "a.png"}, "'' is not a path", "draw --help"},
+      {{"draw", "small.nc", "--path", "nan,0 inf,0", "-o", "a.png"}, "not a path", "draw --help"},
+      {{"draw", "small.nc", "--path", path, "-o", "a.gif"}, "'a.gif' is not", "draw --help"},
+      {{"draw", "small.nc", "--path", path, "-o", "png"}, "'png' is not", "draw --help"},
+      {{"draw", "small.nc", "--path", path, "-o", "a.png", "--size", "10"}, "'10' is not a size",
+       "draw --help"},
+      {{"draw", "small.nc", "--path", path, "-o", "a.png", "--size", "0x0"}, "not a size",
+       "draw --help"},
+      {{"draw", "small.nc", "--path", path, "-o", "a.png", "--time", "0"}, "'0' is not the number",
+       "draw --help"},
+      {{"draw", "small.nc", "--path", path, "-o", "a.png", "--time", "May"}, "'May' is not",
+       "draw --help"},
+      {{"draw", "small.nc", "--path", path, "-o", "a.png", "--time"}, "--time", "draw --help"},
+      {{"values", "small.nc"}, "--path is required", "'kelvane values --help'"},
+      {{"values", "small.nc", "--path", path, "-o", "a.png"}, "-o", "'kelvane values --help'"},
+      {{"values", "small.nc", "--path", path, "--time", "-1"}, "'-1' is not the number",
+       "values --help"},
+  };
+  for (const WrongUsage& each : cases) {
+    const Result result = kelvane(each.arguments);
+    EXPECT_EQ(result.status, 2) << result.err;
+    EXPECT_EQ(result.out, "");
+    EXPECT_TRUE(contains(result.err, each.says)) << result.err;
+    EXPECT_TRUE(contains(result.err, each.hint)) << result.err;
+  }
+  EXPECT_EQ(listing(), Arguments{"small.nc"});
+}
+
+TEST_F(Usage, TheManPageNamesEveryOptionThatTheHelpNames) {
+  const std::string page = fileText(MAN_PAGE);
+  ASSERT_TRUE(contains(page, ".Nm kelvane"));
+  for (const char* command : {"info", "draw", "values"}) {
+    EXPECT_TRUE(contains(page, ".It Cm " + std::string(command))) << command;
+    const std::string help = kelvane({command, "--help"}).out;
+    int options = 0;
+    for (std::size_t at = help.find("--"); at != std::string::npos; at = help.find("--", at + 2)) {
+      const std::string name = help.substr(at + 2, help.find_first_of(" ,\n", at) - at - 2);
+      EXPECT_TRUE(contains(page, "Fl Fl " + name)) << name;
+      ++options;
+    }
+    EXPECT_GE(options, 2) << command;
+  }
+}
+
+}  // namespace
+}  // namespace cli_test
