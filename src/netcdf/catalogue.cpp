@@ -8,7 +8,6 @@
 #include "netcdf/ncf.h"
 #include "netcdf/routine.h"
 #include "netcdf/status.h"
-#include "platform/texts.h"
 #include "util/RuntimeError.h"
 #include "util/numberText.h"
 #include "util/ocxStrings.h"
@@ -33,13 +32,6 @@ int32_t elementSize(int32_t type) {
     default:
       return 0;
   }
-}
-
-void openDataSet() {
-  int id = -1;
-  checked(
-      NetCDF::library.nc_open(platform::libraryFileName(ncf.NcFileName).c_str(), NC_NOWRITE, &id));
-  ncf.NcId = id;
 }
 
 NcDim readDimension(int32_t id) {
@@ -118,7 +110,7 @@ int32_t OpenCatalogue(const std::string& name, int32_t keepOpen) {
     ncf.NcFileName = name;
     ncf.NcStatus = -1;
     ncf.NcState = 0;
-    openDataSet();
+    openDataSet(ncf.NcFileName);
     readDimensions();
     readVariables();
     readGlobalAttributes();

@@ -1,9 +1,12 @@
 #include "netcdf/status.h"
 
 #include "netcdf/NetCDF.h"
+#include "netcdf/classicHeader.h"
 #include "netcdf/ncf.h"
+#include "netcdf/routine.h"
 #include "platform/Desktop.h"
 #include "platform/texts.h"
+#include "util/RuntimeError.h"
 #include "util/lastError.h"
 
 namespace ocxNetNc {
@@ -34,19 +37,29 @@ void NcClose() {
   ncf.NcId = -1;
 }
 
+void openDataSet(const std::string& name) {
+  switch (checkClassicHeader(name)) {
+    case HeaderState::Sound:
+      break;
+    case HeaderState::Broken:
+      throw LibraryRefusal{NC_ENOTNC};
+    case HeaderState::CutShort:
+      util::raise(util::kInputPastEnd);
+  }
+  int id = -1;
+  checked(NetCDF::library.nc_open(platform::libraryFileName(name).c_str(), NC_NOWRITE, &id));
+  ncf.NcId = id;
+}
+
 int32_t NcReopen(int32_t mode) {
   const std::string& name = mode == 2 ? ncf.NcAltFileName : ncf.NcFileName;
   if (name.empty()) return isOpen() ? 1 : -1;
   NcClose();
-  int id = -1;
-  const int status =
-      NetCDF::library.nc_open(platform::libraryFileName(name).c_str(), NC_NOWRITE, &id);
-  if (status != NC_NOERR) {
-    libraryFailure(status);
-    return -1;
-  }
-  ncf.NcId = id;
-  return 1;
+  const int32_t result = runRoutine("NcReopen", [&] {
+    openDataSet(name);
+    return 1;
+  });
+  return result < 0 ? -1 : 1;
 }
 
 bool isOpen() {

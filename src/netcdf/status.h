@@ -21,6 +21,11 @@ int32_t libraryFailure(int32_t status);
 // Closes the data set if it is open; the library's status is ignored.
 void NcClose();
 
+// Opens a data set, read-only, into ncf.NcId. Throws (see routine.h) the library's refusal, the
+// same for a file whose header cannot be true, and run-time error 62 for a file that ends before
+// its data.
+void openDataSet(const std::string& name);
+
 // Opens ncf.NcFileName (mode 1) or ncf.NcAltFileName (mode 2) again, read-only. Result 1 when
 // the data set is open afterwards, else -1; a refusal is shown and set as LastError. An empty
 // name does nothing.

@@ -22,6 +22,8 @@ const char* describe(int number) {
       return "Division by zero";
     case kTypeMismatch:
       return "Type mismatch";
+    case kInputPastEnd:
+      return "Input past end of file";
     default:
       return "Application-defined or object-defined error";
   }

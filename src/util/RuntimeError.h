@@ -21,6 +21,7 @@ inline constexpr int kOutOfMemory = 7;
 inline constexpr int kSubscript = 9;
 inline constexpr int kDivisionByZero = 11;
 inline constexpr int kTypeMismatch = 13;
+inline constexpr int kInputPastEnd = 62;
 
 [[noreturn]] void raise(int number);
 
