@@ -48,12 +48,18 @@ Channels schemeChannels(int32_t scheme, float fraction) {
   const ToneFade tone = toneFade(u);
   const double grey = (1.0 - u) * 255.0;
   switch (scheme) {
-    case 0: return threeBands(fraction);
-    case 1: return {grey, grey, grey};
-    case 2: return {tone.pure, tone.others, tone.others};
-    case 3: return {tone.others, tone.pure, tone.others};
-    case 4: return {tone.others, tone.others, tone.pure};
-    default: return {};
+    case 0:
+      return threeBands(fraction);
+    case 1:
+      return {grey, grey, grey};
+    case 2:
+      return {tone.pure, tone.others, tone.others};
+    case 3:
+      return {tone.others, tone.pure, tone.others};
+    case 4:
+      return {tone.others, tone.others, tone.pure};
+    default:
+      return {};
   }
 }
 
@@ -75,8 +81,8 @@ platform::Colour RampColour(float t) {
 
 float valueFraction(float value) {
   if (ValueSpan == 0.0F) return 0.0F;
-  const double fraction = (static_cast<double>(value) - static_cast<double>(ValueMin)) /
-                          static_cast<double>(ValueSpan);
+  const double fraction =
+      (static_cast<double>(value) - static_cast<double>(ValueMin)) / static_cast<double>(ValueSpan);
   return fraction > 1.0 ? 1.0F : util::storeSingle(fraction);
 }
 

@@ -13,7 +13,9 @@ namespace {
 using platform::PictureBox;
 using util::storeSingle;
 
-double asDouble(float value) { return static_cast<double>(value); }
+double asDouble(float value) {
+  return static_cast<double>(value);
+}
 
 // Axes are lettered in bold, and what is printed after an axis is not.
 class BoldLettering {
@@ -56,8 +58,8 @@ void drawBottomTick(PictureBox& surface, double x, float bottomY, float tickEnd,
 
 }  // namespace
 
-void DrawDistanceAxis(PictureBox& surface, float axisLeftX, float axisBottomY,
-                      float unitsPerWorld, float axisLength, float axisStart) {
+void DrawDistanceAxis(PictureBox& surface, float axisLeftX, float axisBottomY, float unitsPerWorld,
+                      float axisLength, float axisStart) {
   const BoldLettering bold(surface);
   const double textHeight = asDouble(surface.TextHeight("A"));
   const float tickEnd = storeSingle(asDouble(axisBottomY) + textHeight / 2.0);
@@ -89,11 +91,11 @@ void DrawDepthAxis(PictureBox& surface, float axisX, float axisTopY, float units
   const bool leftHalf = asDouble(surface.ScaleWidth()) / 2.0 > asDouble(axisX);
   const double outwards = leftHalf ? -1.0 : 1.0;
   const double textHeight = asDouble(surface.TextHeight("A"));
-  const float tickEnd = storeSingle(asDouble(axisX) +
-                                    outwards * asDouble(surface.TextWidth("0")) / 2.0);
+  const float tickEnd =
+      storeSingle(asDouble(axisX) + outwards * asDouble(surface.TextWidth("0")) / 2.0);
   forEachTick(maxDepth, DepthStep(maxDepth), [&](float value, bool first) {
-    const float y = storeSingle(
-        (asDouble(value) - asDouble(depthStart)) * asDouble(unitsPerMetre) + asDouble(axisTopY));
+    const float y = storeSingle((asDouble(value) - asDouble(depthStart)) * asDouble(unitsPerMetre) +
+                                asDouble(axisTopY));
     surface.Line(axisX, y, tickEnd, y, surface.ForeColor);
     const std::string label = util::generalText(value) + (first ? " m" : "");
     printAt(surface, asDouble(tickEnd) + outwards * asDouble(surface.TextWidth(label)),

@@ -71,7 +71,8 @@ std::vector<DegreeTick> degreeTicks(DegreeAxis axis, double slots) {
 
 std::string degreeText(DegreeAxis axis, float degrees) {
   const float magnitude = std::fabs(degrees);
-  const double fractional = static_cast<double>(magnitude) - std::floor(static_cast<double>(magnitude));
+  const double fractional =
+      static_cast<double>(magnitude) - std::floor(static_cast<double>(magnitude));
   const std::string number = util::patternText(magnitude, fractional >= 0.0001 ? "#0.00" : "#0");
   if (axis == DegreeAxis::Latitude) return number + (degrees < 0.0F ? "S" : "N");
   return number + (degrees < 0.0F ? "W" : "E");

@@ -14,8 +14,8 @@ enum class DegreeAxis { Latitude, Longitude };
 DegreeAxis degreeAxis(int32_t sectionType);
 
 struct DegreeTick {
-  float value = 0;       // degrees
-  double fraction = 0;   // place between the axis ends, 0..1
+  float value = 0;      // degrees
+  double fraction = 0;  // place between the axis ends, 0..1
 };
 
 // Ticks at round degrees from the first column's coordinate on, at most one a label slot.

@@ -18,7 +18,9 @@ using platform::PictureBox;
 constexpr double kColumnOrigin = 0.0;
 constexpr double kColumnWidth = 1.0;
 
-double asDouble(float value) { return static_cast<double>(value); }
+double asDouble(float value) {
+  return static_cast<double>(value);
+}
 
 // Column edges and level depths are mapped once for the whole grid, not once a cell.
 void DrawCellBlocks(PictureBox& surface) {
@@ -67,9 +69,9 @@ void DrawAxes(PictureBox& surface) {
 
 int DrawFrameAndAxes(PictureBox& surface) {
   const PlotArea area = SetMargins(surface);
-  const int32_t status = Cartesian(area.width, area.height,
-                                   util::roundToLong(asDouble(plot.LeftMargin)),
-                                   util::roundToLong(asDouble(plot.BottomMargin)));
+  const int32_t status =
+      Cartesian(area.width, area.height, util::roundToLong(asDouble(plot.LeftMargin)),
+                util::roundToLong(asDouble(plot.BottomMargin)));
   if (status != 0) return status;
   DrawCellBlocks(surface);
   DrawAxes(surface);

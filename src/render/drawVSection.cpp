@@ -17,7 +17,9 @@ namespace {
 using platform::PictureBox;
 using platform::Pictures;
 
-double asDouble(float value) { return static_cast<double>(value); }
+double asDouble(float value) {
+  return static_cast<double>(value);
+}
 
 // The drawing state of a surface, put back however the drawing ends.
 class SurfaceState {
@@ -101,9 +103,9 @@ void trapped(Step step) {
 
 void DrawVSection(Pictures& pictures) {
   {
-    const SurfaceState section(pictures.picSection);
-    const SurfaceState contours(pictures.picContours);
-    const SurfaceState dateTime(pictures.picDateTime);
+    const SurfaceState sectionState(pictures.picSection);
+    const SurfaceState contoursState(pictures.picContours);
+    const SurfaceState dateTimeState(pictures.picDateTime);
     trapped([&] {
       // All three, whatever is drawn on them: nothing old may come through the transfers.
       pictures.picSection.Cls();

@@ -16,20 +16,24 @@ PlotGeometry plot;
 namespace {
 
 int32_t refuse(const std::string& text) {
-  platform::desktop().ShowMessage("[Cartesian] " + text, "KelvaneCtl",
-                                  platform::MessageIcon::None);
+  platform::desktop().ShowMessage("[Cartesian] " + text, "KelvaneCtl", platform::MessageIcon::None);
   return -1;
 }
 
-double asDouble(float value) { return static_cast<double>(value); }
+double asDouble(float value) {
+  return static_cast<double>(value);
+}
 
 }  // namespace
 
 int32_t sectionType() {
   switch (section.section_kind) {
-    case kSameLatitude: return 2;
-    case kSameLongitude: return 1;
-    default: return 0;
+    case kSameLatitude:
+      return 2;
+    case kSameLongitude:
+      return 1;
+    default:
+      return 0;
   }
 }
 
@@ -40,11 +44,10 @@ PlotArea SetMargins(const platform::PictureBox& surface) {
   // Width templates of the widest depth label, never printed.
   plot.LeftMargin = surface.TextWidth("  -2000 ");
   plot.RightMargin = surface.TextWidth(" -2000 ");
-  const PlotArea area{
-      util::roundToLong(asDouble(surface.ScaleWidth()) - asDouble(plot.LeftMargin) -
-                        asDouble(plot.RightMargin)),
-      util::roundToLong(asDouble(surface.ScaleHeight()) - asDouble(plot.TopMargin) -
-                        asDouble(plot.BottomMargin))};
+  const PlotArea area{util::roundToLong(asDouble(surface.ScaleWidth()) - asDouble(plot.LeftMargin) -
+                                        asDouble(plot.RightMargin)),
+                      util::roundToLong(asDouble(surface.ScaleHeight()) - asDouble(plot.TopMargin) -
+                                        asDouble(plot.BottomMargin))};
   plot.PlotHeightBase = util::storeSingle(asDouble(plot.TopMargin) + area.height);
   return area;
 }

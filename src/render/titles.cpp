@@ -9,7 +9,9 @@ namespace {
 
 using platform::PictureBox;
 
-double asDouble(float value) { return static_cast<double>(value); }
+double asDouble(float value) {
+  return static_cast<double>(value);
+}
 
 void centre(PictureBox& surface, const std::string& text) {
   surface.CurrentX = util::storeSingle(asDouble(surface.ScaleWidth()) / 2.0 -
@@ -22,8 +24,8 @@ void printLargeTitle(PictureBox& surface, const std::string& text) {
   surface.Font.Size = util::storeSingle(util::roundToInteger(asDouble(before.Size)) * 1.5);
   surface.Font.Underline = true;
   centre(surface, text);
-  surface.CurrentY = util::storeSingle(asDouble(surface.ScaleHeight()) -
-                                       1.5 * asDouble(surface.TextHeight("A")));
+  surface.CurrentY =
+      util::storeSingle(asDouble(surface.ScaleHeight()) - 1.5 * asDouble(surface.TextHeight("A")));
   surface.Print(text);
   surface.Font.Size = before.Size;
   surface.Font.Italic = before.Italic;

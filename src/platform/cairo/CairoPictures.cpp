@@ -18,7 +18,9 @@ namespace {
 
 constexpr double kPointsPerPixel = 72.0 / 96.0;
 
-double asDouble(float value) { return static_cast<double>(value); }
+double asDouble(float value) {
+  return static_cast<double>(value);
+}
 
 cairo_status_t append(void* bytes, const unsigned char* data, unsigned int length) {
   try {
@@ -45,10 +47,14 @@ void check(cairo_status_t status) {
 std::string escaped(const std::string& text) {
   std::string xml;
   for (const char c : text) {
-    if (c == '&') xml += "&amp;";
-    else if (c == '<') xml += "&lt;";
-    else if (c == '>') xml += "&gt;";
-    else xml += c;
+    if (c == '&')
+      xml += "&amp;";
+    else if (c == '<')
+      xml += "&lt;";
+    else if (c == '>')
+      xml += "&gt;";
+    else
+      xml += c;
   }
   return xml;
 }

@@ -10,7 +10,9 @@
 namespace platform {
 namespace {
 
-double asDouble(float value) { return static_cast<double>(value); }
+double asDouble(float value) {
+  return static_cast<double>(value);
+}
 
 // The pixel format has blue in the low byte, a colour has red there.
 uint32_t pixelOf(Colour colour) {
@@ -93,9 +95,8 @@ void CairoPixelBox::Line(float x1, float y1, float x2, float y2, Colour colour) 
   } else if (x1 == x2) {
     const auto x = static_cast<float>(nearestPixel(x1));
     fill(pixelBox(x - before, y1, x + after, y2, width_, height_), colour);
-  } else if (const auto line =
-                 clipLine({asDouble(x1), asDouble(y1), asDouble(x2), asDouble(y2)}, width_,
-                          height_, thickness)) {
+  } else if (const auto line = clipLine({asDouble(x1), asDouble(y1), asDouble(x2), asDouble(y2)},
+                                        width_, height_, thickness)) {
     cairo_t* context = drawWithCairo();
     setColour(context, colour);
     cairo_set_line_width(context, thickness);
@@ -119,7 +120,9 @@ float CairoPixelBox::TextWidth(std::string_view text) const {
   return lettering_.width(drawableText(text), Font);
 }
 
-float CairoPixelBox::TextHeight(std::string_view) const { return lettering_.height(Font); }
+float CairoPixelBox::TextHeight(std::string_view) const {
+  return lettering_.height(Font);
+}
 
 void CairoPixelBox::AndFrom(const PictureBox& source) {
   const auto& from = dynamic_cast<const CairoPixelBox&>(source);

@@ -9,7 +9,9 @@
 namespace platform {
 namespace {
 
-double asDouble(float value) { return static_cast<double>(value); }
+double asDouble(float value) {
+  return static_cast<double>(value);
+}
 
 }  // namespace
 
@@ -74,7 +76,9 @@ float CairoVectorBox::TextWidth(std::string_view text) const {
   return lettering_.width(drawableText(text), Font);
 }
 
-float CairoVectorBox::TextHeight(std::string_view) const { return lettering_.height(Font); }
+float CairoVectorBox::TextHeight(std::string_view) const {
+  return lettering_.height(Font);
+}
 
 void CairoVectorBox::AndFrom(const PictureBox& source) {
   const auto& from = dynamic_cast<const CairoVectorBox&>(source);
@@ -101,8 +105,7 @@ void CairoVectorBox::replay(cairo_t* context) const {
       // Both corners included, as with pixels; the unit by which neighbours overlap keeps
       // viewers from showing seams between them.
       setColour(context, ink.colour);
-      cairo_rectangle(context, x, y, asDouble(ink.x2) - x + 1.0,
-                      asDouble(ink.y2) - y + 1.0);
+      cairo_rectangle(context, x, y, asDouble(ink.x2) - x + 1.0, asDouble(ink.y2) - y + 1.0);
       cairo_fill(context);
     }
   }

@@ -81,8 +81,8 @@ void Lettering::show(cairo_t* context, const std::string& drawable, double x, do
     thickness = std::max(1.0, std::floor(thickness + 0.5));
     below = std::max(1.0, std::floor(below + 0.5));
   }
-  cairo_rectangle(context, x, y + used.ascent + below,
-                  static_cast<double>(width(drawable, font)), thickness);
+  cairo_rectangle(context, x, y + used.ascent + below, static_cast<double>(width(drawable, font)),
+                  thickness);
   cairo_fill(context);
 }
 

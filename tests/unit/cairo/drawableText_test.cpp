@@ -15,19 +15,24 @@ TEST(DrawableText, IsWhatCairoAccepts) {
   const Row rows[] = {
       {"", ""},
       {"plain ~ text", "plain ~ text"},
-      {"\xC2\xB0" "C \xE2\x82\xAC \xF0\x9F\x8C\x8A", "\xC2\xB0" "C \xE2\x82\xAC \xF0\x9F\x8C\x8A"},
+      {"\xC2\xB0"
+       "C \xE2\x82\xAC \xF0\x9F\x8C\x8A",
+       "\xC2\xB0"
+       "C \xE2\x82\xAC \xF0\x9F\x8C\x8A"},
       {"a\0b"s, "a b"},
       {"tab\tline\nend\x7F", "tab line end "},
-      {"\xC2\x80x", " x"},                            // a control character of two bytes
-      {"\xB0" "C", REPLACED "C"},                     // a byte of another encoding
-      {"\xC2", REPLACED},                             // cut short
+      {"\xC2\x80x", " x"},  // a control character of two bytes
+      {"\xB0"
+       "C",
+       REPLACED "C"},      // a byte of another encoding
+      {"\xC2", REPLACED},  // cut short
       {"\xE2\x82", REPLACED REPLACED},
-      {"\xC0\x80", REPLACED REPLACED},                // longer than it need be
+      {"\xC0\x80", REPLACED REPLACED},  // longer than it need be
       {"\xE0\x80\x80", REPLACED REPLACED REPLACED},
-      {"\xED\xA0\x80", REPLACED},                     // half of a pair
-      {"\xEF\xBF\xBE", REPLACED},                     // no character
+      {"\xED\xA0\x80", REPLACED},  // half of a pair
+      {"\xEF\xBF\xBE", REPLACED},  // no character
       {"\xEF\xB7\x90", REPLACED},
-      {"\xF4\x90\x80\x80", REPLACED},                 // beyond the last plane
+      {"\xF4\x90\x80\x80", REPLACED},  // beyond the last plane
       {"\xF8\x88\x80\x80", REPLACED REPLACED REPLACED REPLACED},
   };
   for (const Row& row : rows) EXPECT_EQ(platform::drawableText(row.text), row.drawable);

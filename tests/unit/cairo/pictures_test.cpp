@@ -1,5 +1,3 @@
-#include "platform/cairo/CairoPictures.h"
-
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -7,6 +5,7 @@
 #include <limits>
 #include <sstream>
 
+#include "platform/cairo/CairoPictures.h"
 #include "platform/cairo/CairoPixelBox.h"
 #include "platform/cairo/CairoVectorBox.h"
 #include "platform/cairo/cairoHandles.h"
@@ -30,8 +29,8 @@ bool contains(const std::string& text, const std::string& part) {
 
 // A section in small: cells, a tick, letters, and a line on another surface.
 void drawSomething(platform::Pictures pictures) {
-  for (auto* box : {&pictures.picDateTime, &pictures.picSection, &pictures.picContours,
-                    &pictures.Picture1}) {
+  for (auto* box :
+       {&pictures.picDateTime, &pictures.picSection, &pictures.picContours, &pictures.Picture1}) {
     box->Move(0, 0, 120, 80);
   }
   pictures.picSection.Box(10, 10, 40.3F, 30.6F, rgb(245, 0, 0));
@@ -106,7 +105,8 @@ TEST_F(PicturesTest, VectorsShowTheSamePictureAsPixels) {
   int different = 0;
   for (int y = 0; y < 80; ++y) {
     for (int x = 0; x < 120; ++x) {
-      const unsigned char* pixel = bytes + cairo_image_surface_get_stride(surface.get()) * y + 4 * x;
+      const unsigned char* pixel =
+          bytes + cairo_image_surface_get_stride(surface.get()) * y + 4 * x;
       const platform::Colour other = pixelBox.pixel(x, y);
       for (int part = 0; part < 3; ++part) {
         if (std::abs(pixel[2 - part] - (other >> 8 * part & 0xFF)) > 128) {

@@ -204,8 +204,14 @@ TEST_F(PixelsTest, MeasuresAreWholePixelsAndAddUp) {
 }
 
 TEST_F(PixelsTest, StrangeTextsFontsAndPlacesAreSurvived) {
-  const std::string texts[] = {std::string("a\0b", 3), "\xFF\xFE", "\xED\xA0\x80", "\xEF\xBF\xBF",
-                               "line\nbreak\ttab", "\xC2\xB0" "C", std::string(5000, 'W')};
+  const std::string texts[] = {std::string("a\0b", 3),
+                               "\xFF\xFE",
+                               "\xED\xA0\x80",
+                               "\xEF\xBF\xBF",
+                               "line\nbreak\ttab",
+                               "\xC2\xB0"
+                               "C",
+                               std::string(5000, 'W')};
   for (const std::string& text : texts) {
     box.CurrentX = box.CurrentY = 0;
     box.Print(text);

@@ -91,10 +91,9 @@ TEST_F(ColorKeyTest, AValueTakesTheFirstDivisionThatContainsIt) {
     float value;
     platform::Colour colour;
   };
-  const Row rows[] = {{-0.001F, kWhite}, {0, 255},          {9.999F, 255},
-                      {10, 65280},       {19.999F, 65280},  {20, 16711680},
-                      {29.999F, 16711680}, {30, kWhite},    {37, kWhite},
-                      {40, kWhite},      {kNan, kWhite},    {-1e35F, kWhite}};
+  const Row rows[] = {{-0.001F, kWhite}, {0, 255},       {9.999F, 255},       {10, 65280},
+                      {19.999F, 65280},  {20, 16711680}, {29.999F, 16711680}, {30, kWhite},
+                      {37, kWhite},      {40, kWhite},   {kNan, kWhite},      {-1e35F, kWhite}};
   for (const Row& row : rows) {
     EXPECT_EQ(ModColor::KeyColour(row.value), row.colour) << row.value;
   }

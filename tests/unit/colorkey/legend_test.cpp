@@ -34,9 +34,9 @@ TEST_F(LegendTest, KeyBoundsShowADecimalFromAThousandthOn) {
     float bound;
     const char* text;
   };
-  const Row rows[] = {{0, "0"},       {10, "10"},      {2.5F, "2.5"},   {3, "3"},
-                      {2.0005F, "2"}, {2.9995F, "3.0"}, {0.0009F, "0"}, {0.001F, "0.0"},
-                      {0.05F, "0.1"}, {0.25F, "0.3"},  {-0.5F, "-0.5"}, {-3, "-3"}};
+  const Row rows[] = {{0, "0"},       {10, "10"},       {2.5F, "2.5"},   {3, "3"},
+                      {2.0005F, "2"}, {2.9995F, "3.0"}, {0.0009F, "0"},  {0.001F, "0.0"},
+                      {0.05F, "0.1"}, {0.25F, "0.3"},   {-0.5F, "-0.5"}, {-3, "-3"}};
   for (const Row& row : rows) EXPECT_EQ(ModColor::keyBoundText(row.bound), row.text);
 }
 

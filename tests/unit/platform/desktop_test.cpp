@@ -1,8 +1,9 @@
+#include "platform/Desktop.h"
+
 #include <gtest/gtest.h>
 
 #include <stdexcept>
 
-#include "platform/Desktop.h"
 #include "platform/centerForm.h"
 #include "support/RecordingDesktop.h"
 
@@ -70,10 +71,10 @@ TEST(CenterForm, HalvesTheRoundedDifference) {
     int32_t left, top;
   };
   const Row rows[] = {{400, 300, 312, 234},
-                      {401, 301, 311, 233},        // 623 and 467 halved as integers
-                      {400.5, 300.5, 312, 234},    // 623.5 -> 624, 467.5 -> 468
-                      {401.5, 301.5, 311, 233},    // 622.5 -> 622, 466.5 -> 466
-                      {1025, 769, 0, 0},           // -1 halves to 0
+                      {401, 301, 311, 233},      // 623 and 467 halved as integers
+                      {400.5, 300.5, 312, 234},  // 623.5 -> 624, 467.5 -> 468
+                      {401.5, 301.5, 311, 233},  // 622.5 -> 622, 466.5 -> 466
+                      {1025, 769, 0, 0},         // -1 halves to 0
                       {1124, 868, -50, -50}};
   for (const Row& row : rows) {
     PlacedForm form(platform::WindowState::Normal, row.width, row.height);

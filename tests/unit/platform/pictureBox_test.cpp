@@ -40,11 +40,11 @@ struct BoxRow {
 TEST(PixelBox, CoversBothCornersRoundedAndClipped) {
   const BoxRow rows[] = {
       {2, 3, 5, 7, 2, 3, 5, 7},
-      {5, 7, 2, 3, 2, 3, 5, 7},                   // corners in any order
-      {2.4F, 2.6F, 4.4F, 4.6F, 2, 3, 4, 5},       // to the nearest pixel
-      {0.5F, 1.5F, 2.5F, 3.5F, 0, 2, 2, 4},       // halves to even
-      {4, 4, 4, 4, 4, 4, 4, 4},                   // a point is one pixel
-      {-3, -100, 3, 100, 0, 0, 3, 19},            // clipped to the surface
+      {5, 7, 2, 3, 2, 3, 5, 7},              // corners in any order
+      {2.4F, 2.6F, 4.4F, 4.6F, 2, 3, 4, 5},  // to the nearest pixel
+      {0.5F, 1.5F, 2.5F, 3.5F, 0, 2, 2, 4},  // halves to even
+      {4, 4, 4, 4, 4, 4, 4, 4},              // a point is one pixel
+      {-3, -100, 3, 100, 0, 0, 3, 19},       // clipped to the surface
       {-0.5F, -0.4F, 9.4F, 19.4F, 0, 0, 9, 19},
       {-kInfinity, -1e30F, kInfinity, 1e30F, 0, 0, 9, 19},
   };

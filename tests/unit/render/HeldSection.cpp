@@ -33,8 +33,8 @@ void HeldSection::SetUp() {
   holdGrid(7, {0, 50, 200});
   for (int32_t k = 1; k <= 3; ++k) {
     for (int32_t c = 1; c <= 7; ++c) {
-      section_values.store(c, k, kHeldValues[static_cast<std::size_t>(k - 1)]
-                                            [static_cast<std::size_t>(c - 1)]);
+      section_values.store(
+          c, k, kHeldValues[static_cast<std::size_t>(k - 1)][static_cast<std::size_t>(c - 1)]);
     }
   }
   section.ncols = 7;

@@ -21,8 +21,8 @@ class AxesTest : public render_tests::HeldSection {
 TEST_F(AxesTest, DistancesRunToTheEndWithTheUnitOnTheFirst) {
   const float unitsPerKm = 462.0F / 999.9736F;
   DrawDistanceAxis(surface, 48, 348, unitsPerKm, 999.9736F, 0);
-  EXPECT_EQ(surface.texts(), (Texts{"0 km", "100", "200", "300", "400", "500", "600", "700",
-                                    "800", "900"}));
+  EXPECT_EQ(surface.texts(),
+            (Texts{"0 km", "100", "200", "300", "400", "500", "600", "700", "800", "900"}));
   const auto lines = surface.of(Kind::Line);
   ASSERT_EQ(lines.size(), 10U);
   EXPECT_EQ(lines[0].x1, 48.0F);
@@ -54,8 +54,8 @@ TEST_F(AxesTest, ATickValueShowsNoRoundingNoise) {
 
 TEST_F(AxesTest, DepthsGoOutwardsOnTheLeft) {
   DrawDepthAxis(surface, 48, 39, 1.545F, 200, 0);
-  EXPECT_EQ(surface.texts(), (Texts{"0 m", "20", "40", "60", "80", "100", "120", "140", "160",
-                                    "180", "200"}));
+  EXPECT_EQ(surface.texts(),
+            (Texts{"0 m", "20", "40", "60", "80", "100", "120", "140", "160", "180", "200"}));
   const Operation line = surface.of(Kind::Line)[1];
   EXPECT_EQ(line.x1, 48.0F);
   EXPECT_EQ(line.x2, 45.0F);
@@ -120,8 +120,7 @@ TEST_F(AxesTest, LongitudesAlongAConstantLatitude) {
 TEST_F(AxesTest, LatitudesAlongAConstantLongitude) {
   alongLongitude(3);
   DrawDistanceAxis(surface, 48, 322, 462.0F / 111.110998F, 111.110998F, 0);
-  EXPECT_EQ(surface.texts(),
-            (Texts{"1S", "0N", "Latitude (deg) Along Constant Longitude= 354E"}));
+  EXPECT_EQ(surface.texts(), (Texts{"1S", "0N", "Latitude (deg) Along Constant Longitude= 354E"}));
   EXPECT_FLOAT_EQ(surface.of(Kind::Line)[1].x1, 356.0F);  // two thirds of the way
 }
 

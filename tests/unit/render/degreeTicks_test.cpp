@@ -32,8 +32,8 @@ using Values = std::vector<float>;
 
 TEST_F(DegreeTicksTest, TicksAreMultiplesOfTheStepBetweenTheEdges) {
   row(-179.5F, 1, 360);
-  EXPECT_EQ(values(20), (Values{-160, -140, -120, -100, -80, -60, -40, -20, 0, 20, 40, 60, 80,
-                                100, 120, 140, 160, 180}));
+  EXPECT_EQ(values(20), (Values{-160, -140, -120, -100, -80, -60, -40, -20, 0, 20, 40, 60, 80, 100,
+                                120, 140, 160, 180}));
 }
 
 TEST_F(DegreeTicksTest, TheStepDoublesUntilThereIsASlotForEveryTick) {
@@ -92,12 +92,12 @@ TEST_F(DegreeTicksTest, TextsCarryTheHemisphereOfTheSignAlone) {
     float value;
     const char* text;
   };
-  const Row rows[] = {{DegreeAxis::Longitude, 350, "350E"},    {DegreeAxis::Longitude, 0, "0E"},
-                      {DegreeAxis::Longitude, -12.5F, "12.50W"}, {DegreeAxis::Latitude, 0, "0N"},
-                      {DegreeAxis::Latitude, -0.25F, "0.25S"}, {DegreeAxis::Latitude, 45, "45N"},
-                      {DegreeAxis::Latitude, 0.00009F, "0N"},
-                      {DegreeAxis::Latitude, 0.0002F, "0.00N"},
-                      {DegreeAxis::Longitude, 100.254F, "100.25E"}};
+  const Row rows[] = {
+      {DegreeAxis::Longitude, 350, "350E"},        {DegreeAxis::Longitude, 0, "0E"},
+      {DegreeAxis::Longitude, -12.5F, "12.50W"},   {DegreeAxis::Latitude, 0, "0N"},
+      {DegreeAxis::Latitude, -0.25F, "0.25S"},     {DegreeAxis::Latitude, 45, "45N"},
+      {DegreeAxis::Latitude, 0.00009F, "0N"},      {DegreeAxis::Latitude, 0.0002F, "0.00N"},
+      {DegreeAxis::Longitude, 100.254F, "100.25E"}};
   for (const Row& row : rows) EXPECT_EQ(degreeText(row.axis, row.value), row.text);
 }
 

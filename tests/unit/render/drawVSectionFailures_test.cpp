@@ -29,8 +29,7 @@ class DrawVSectionFailures : public render_tests::HeldSection {
     EXPECT_EQ(boxes.picSection.Font, platform::Font{});
   }
   void resize(int32_t width, int32_t height) {
-    for (auto* box :
-         {&boxes.picDateTime, &boxes.picSection, &boxes.picContours, &boxes.Picture1}) {
+    for (auto* box : {&boxes.picDateTime, &boxes.picSection, &boxes.picContours, &boxes.Picture1}) {
       box->Move(0, 0, width, height);
     }
   }
@@ -40,8 +39,7 @@ class DrawVSectionFailures : public render_tests::HeldSection {
   }
 };
 
-constexpr char kSubscriptText[] =
-    "DrawVSection KelvaneMain: 9, KelvaneCtl, Subscript out of range";
+constexpr char kSubscriptText[] = "DrawVSection KelvaneMain: 9, KelvaneCtl, Subscript out of range";
 constexpr char kOverflowText[] = "DrawVSection KelvaneMain: 6, KelvaneCtl, Overflow";
 
 TEST_F(DrawVSectionFailures, BeforeAnyReadThereAreTitlesOnly) {
@@ -69,8 +67,7 @@ TEST_F(DrawVSectionFailures, AZeroDepthRangeIsABoxAndStillHasTitlesAndLegend) {
   draw();
   EXPECT_EQ(util::LastError, "");
   ASSERT_EQ(desktop.messages.size(), 1U);
-  EXPECT_EQ(desktop.messages[0].text,
-            "[Cartesian] scale parameters out of rangexy4:x=07xy4:y=00");
+  EXPECT_EQ(desktop.messages[0].text, "[Cartesian] scale parameters out of rangexy4:x=07xy4:y=00");
   EXPECT_EQ(desktop.messages[0].caption, "KelvaneCtl");
   EXPECT_TRUE(printed("vector run"));
   EXPECT_TRUE(printed("17.30"));

@@ -97,8 +97,7 @@ TEST_F(PlotFrameTest, ASurfaceWithoutRoomIsRefusedWithABox) {
   const PlotGeometry before = plot;
   EXPECT_EQ(Cartesian(-1, 0, 48, 26), -1);
   ASSERT_EQ(desktop.messages.size(), 1U);
-  EXPECT_EQ(desktop.messages[0].text,
-            "[Cartesian] screen size out of rangepwidth, phight = -10");
+  EXPECT_EQ(desktop.messages[0].text, "[Cartesian] screen size out of rangepwidth, phight = -10");
   EXPECT_EQ(plot.ScaleX, before.ScaleX);
   EXPECT_EQ(plot.OffsetX, before.OffsetX);
 }

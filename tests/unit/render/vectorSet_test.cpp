@@ -80,9 +80,9 @@ TEST_F(VectorSetTest, AGeneralPath) {
   EXPECT_EQ(ModColor::ValueMin, 9.0F);
   EXPECT_EQ(boxes.picDateTime.texts(), (Texts{"Date/Time: 1990-01-02 12:00:00"}));
   const Texts texts = boxes.picSection.texts();
-  EXPECT_EQ(Texts(texts.begin(), texts.begin() + 5),
-            (Texts{"Data Set: vec1.nc", "vector run", "potential temperature [degC]", "0 km",
-                   "100"}));
+  EXPECT_EQ(
+      Texts(texts.begin(), texts.begin() + 5),
+      (Texts{"Data Set: vec1.nc", "vector run", "potential temperature [degC]", "0 km", "100"}));
   EXPECT_EQ(texts.back(), "17.30");
   EXPECT_EQ(boxes.picSection.of(Kind::Line)[1].x1, 94.20122F);
   const auto found = blocks();
