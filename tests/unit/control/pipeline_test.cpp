@@ -39,7 +39,13 @@ class Pipeline : public ControlTest {
     ADD_FAILURE() << "no block " << c << ", " << k;
     return {.kind = Kind::Box};
   }
-  float printX(const std::string& text) const { return boxes.picSection.printOf(text).x1; }
+  // Whether a vertical line stands at x.
+  bool hasTick(float x) const {
+    for (const Operation& line : boxes.picSection.of(Kind::Line)) {
+      if (line.x1 == line.x2 && std::fabs(line.x1 - x) < 0.001F) return true;
+    }
+    return false;
+  }
 };
 
 TEST_F(Pipeline, OfAGeneralPath) {
@@ -57,13 +63,13 @@ TEST_F(Pipeline, OfAGeneralPath) {
   const SurfacePoint top = WorldToSurface(0, 0), bottom = WorldToSurface(7, -200);
   EXPECT_EQ(top.x, 48);
   EXPECT_EQ(top.y, 39);
-  // The bottom margin holds at least one line of text below the plot.
   EXPECT_EQ(bottom.x, 510);
   EXPECT_EQ(bottom.y, 348);
   const Operation first = block(1, 1);
   EXPECT_EQ(std::max(first.x1, first.x2), 114);
   EXPECT_EQ(std::max(first.y1, first.y2), 116.25F);
 
+  EXPECT_TRUE(hasTick(94.20122F)) << "100 km along the path";
   boxes.picSection.printOf("0 km");
   boxes.picSection.printOf("100");
   boxes.picSection.printOf("900");
