@@ -55,7 +55,7 @@ TEST_F(OpenFailuresTest, SurvivesFoldersAndEmptyNames) {
 
 TEST_F(OpenFailuresTest, SurvivesEveryTruncationOfTheHeader) {
   support::makeVectorSet(file("whole.nc"));
-  std::string bytes(std::filesystem::file_size(file("whole.nc")), '\0');
+  std::string bytes(static_cast<std::size_t>(std::filesystem::file_size(file("whole.nc"))), '\0');
   std::ifstream(file("whole.nc"), std::ios::binary)
       .read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
   // A header takes less than the first 1200 bytes.
