@@ -16,8 +16,11 @@ class ComOwner {
   Interface* get() const { return object_; }
   Interface* operator->() const { return object_; }
   explicit operator bool() const { return object_ != nullptr; }
-  void reset() {
-    if (Interface* object = std::exchange(object_, nullptr)) object->Release();
+  void reset() { release(); }
+  // Gives the reference back: how many are left, as far as the object tells.
+  unsigned long release() {
+    Interface* object = std::exchange(object_, nullptr);
+    return object != nullptr ? object->Release() : 0;
   }
   Interface** receive() {
     reset();

@@ -11,7 +11,6 @@ namespace {
 
 constexpr wchar_t kFormClass[] = L"KelvaneForm";
 constexpr wchar_t kSiteClass[] = L"KelvaneFormSite";
-constexpr UINT_PTR kBoxTimer = 1;
 
 // The container comes with Windows and has no import library everywhere.
 struct Container {
@@ -54,13 +53,6 @@ void registerClass(const wchar_t* name, WNDPROC procedure) {
   RegisterClassW(&windowClass);
 }
 
-std::wstring textOf(HWND window) {
-  std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
-  text.resize(static_cast<std::size_t>(
-      GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
-  return text;
-}
-
 void drawInto(IUnknown& control, HDC dc, int width, int height) {
   const RECT bounds = {0, 0, width, height};
   require(OleDraw(&control, DVASPECT_CONTENT, dc, &bounds), "drawing the control");
@@ -78,7 +70,6 @@ Form::Form(const std::wstring& progId, int width, int height) {
   if (window_ == nullptr) throw HostError(E_FAIL, "no windows here");
   site_ = CreateWindowExW(0, kSiteClass, L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, 0, 0, width,
                           height, window_, nullptr, module, nullptr);
-  SetTimer(window_, kBoxTimer, 20, nullptr);
   ShowWindow(window_, SW_SHOWNOACTIVATE);
   try {
     attach(progId);
@@ -145,25 +136,7 @@ LRESULT CALLBACK Form::procedure(HWND window, UINT message, WPARAM wide, LPARAM 
   if (form != nullptr && message == WM_SIZE && form->site_ != nullptr) {
     MoveWindow(form->site_, 0, 0, LOWORD(longer), HIWORD(longer), TRUE);
   }
-  if (form != nullptr && message == WM_TIMER) {
-    EnumThreadWindows(GetCurrentThreadId(), answer, reinterpret_cast<LPARAM>(form));
-    return 0;
-  }
   return DefWindowProcW(window, message, wide, longer);
-}
-
-// Reads a message box and presses its OK.
-BOOL CALLBACK Form::answer(HWND window, LPARAM parameter) {
-  constexpr int textItem = 0xFFFF;
-  wchar_t kind[16] = {};
-  GetClassNameW(window, kind, 16);
-  const HWND text = GetDlgItem(window, textItem);
-  if (std::wstring(kind) != L"#32770" || text == nullptr || !IsWindowVisible(window)) return TRUE;
-  auto& form = *reinterpret_cast<Form*>(parameter);
-  form.boxes_.push_back({textOf(window), textOf(text),
-                         GetWindow(window, GW_OWNER) == form.window_});
-  EndDialog(window, IDOK);
-  return TRUE;
 }
 
 void setExtent(Object& control, int width, int height) {

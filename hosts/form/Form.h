@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "BoxAnswerer.h"
 #include "Dispatch.h"
 #include "Picture.h"
 
@@ -15,12 +16,6 @@ namespace host {
 // user is expected: message boxes are read, remembered and answered with OK.
 class Form {
  public:
-  struct MessageBox {
-    std::wstring caption, text;
-    bool ownedByForm = false;
-    bool operator==(const MessageBox&) const = default;
-  };
-
   // Shows the form with a client area of width x height pixels and the control active on it.
   // HostError when the control cannot be made or activated.
   Form(const std::wstring& progId, int width, int height);
@@ -39,17 +34,16 @@ class Form {
   Picture oleDraw() const;
 
   HWND window() const { return window_; }
-  const std::vector<MessageBox>& boxes() const { return boxes_; }
+  const std::vector<SeenBox>& boxes() const { return answerer_.boxes(); }
 
  private:
   static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wide, LPARAM longer);
-  static BOOL CALLBACK answer(HWND window, LPARAM form);
   void attach(const std::wstring& progId);
 
   HWND window_ = nullptr;
   HWND site_ = nullptr;
   std::unique_ptr<Object> control_;
-  std::vector<MessageBox> boxes_;
+  BoxAnswerer answerer_;
 };
 
 // For a control that is on no form: gives it an extent of width x height pixels, and draws it into

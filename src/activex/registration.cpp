@@ -66,6 +66,15 @@ bool write(const Value& value) {
   return RegCloseKey(key) == ERROR_SUCCESS && written == ERROR_SUCCESS;
 }
 
+bool exists(const std::wstring& key) {
+  HKEY opened = nullptr;
+  if (RegOpenKeyExW(HKEY_CLASSES_ROOT, key.c_str(), 0, KEY_READ, &opened) != ERROR_SUCCESS) {
+    return false;
+  }
+  RegCloseKey(opened);
+  return true;
+}
+
 bool removeTree(const std::wstring& key) {
   const LSTATUS removed = RegDeleteTreeW(HKEY_CLASSES_ROOT, key.c_str());
   return removed == ERROR_SUCCESS || removed == ERROR_FILE_NOT_FOUND;
@@ -98,8 +107,9 @@ HRESULT removeTypeLibrary() {
       UnRegisterTypeLib(attributes->guid, attributes->wMajorVerNum, attributes->wMinorVerNum,
                         attributes->lcid, attributes->syskind);
   library->ReleaseTLibAttr(attributes);
-  // Refused like this when it is not there.
-  return SUCCEEDED(removed) || removed == TYPE_E_REGISTRYACCESS ? S_OK : SELFREG_E_TYPELIB;
+  // Refused, in several ways, also when it is not there.
+  return SUCCEEDED(removed) || !exists(L"TypeLib\\" + textOf(LIBID_Kelvane)) ? S_OK
+                                                                              : SELFREG_E_TYPELIB;
 }
 
 }  // namespace

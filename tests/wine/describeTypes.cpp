@@ -1,0 +1,137 @@
+#include "describeTypes.h"
+
+#include <ole2.h>
+
+#include <map>
+#include <vector>
+
+#include "ComOwner.h"
+#include "Dispatch.h"
+
+namespace winetest {
+namespace {
+
+using host::ComOwner;
+
+std::string idText(REFGUID id) {
+  wchar_t text[40] = {};
+  StringFromGUID2(id, text, 40);
+  return host::narrow(text);
+}
+
+std::string nameOf(ITypeInfo& info, MEMBERID member) {
+  BSTR name = nullptr;
+  info.GetDocumentation(member, &name, nullptr, nullptr, nullptr);
+  const std::wstring text = name != nullptr ? std::wstring(name) : L"?";
+  SysFreeString(name);
+  return host::narrow(text);
+}
+
+std::string typeText(ITypeInfo& info, const TYPEDESC& type) {
+  static const std::map<VARTYPE, std::string> names = {
+      {VT_VOID, "void"}, {VT_HRESULT, "HRESULT"}, {VT_BSTR, "BSTR"}, {VT_VARIANT, "VARIANT"},
+      {VT_BOOL, "VARIANT_BOOL"}, {VT_I2, "short"}, {VT_I4, "long"}, {VT_R4, "float"},
+      {VT_R8, "double"}};
+  if (type.vt == VT_PTR) return typeText(info, *type.lptdesc) + "*";
+  const auto known = names.find(type.vt);
+  return known != names.end() ? known->second : "vt " + std::to_string(type.vt);
+}
+
+std::string callText(INVOKEKIND kind) {
+  switch (kind) {
+    case INVOKE_FUNC: return "method";
+    case INVOKE_PROPERTYGET: return "get";
+    case INVOKE_PROPERTYPUT: return "put";
+    default: return "putref";
+  }
+}
+
+std::string functionText(ITypeInfo& info, UINT index) {
+  FUNCDESC* function = nullptr;
+  host::require(info.GetFuncDesc(index, &function), "a function");
+  // Inherited functions, which some systems list too.
+  if (function->memid >= 0x60000000) {
+    info.ReleaseFuncDesc(function);
+    return {};
+  }
+  std::vector<BSTR> names(static_cast<std::size_t>(function->cParams) + 1, nullptr);
+  UINT count = 0;
+  info.GetNames(function->memid, names.data(), static_cast<UINT>(names.size()), &count);
+  std::string text = "  " + std::to_string(function->memid) + " " + callText(function->invkind) +
+                     " " + typeText(info, function->elemdescFunc.tdesc) + " " +
+                     nameOf(info, function->memid) + "(";
+  for (SHORT i = 0; i < function->cParams; ++i) {
+    const ELEMDESC& parameter = function->lprgelemdescParam[i];
+    const auto at = static_cast<UINT>(i) + 1;
+    if (i > 0) text += ", ";
+    if ((parameter.paramdesc.wParamFlags & PARAMFLAG_FRETVAL) != 0) text += "retval ";
+    text += typeText(info, parameter.tdesc);
+    if (at < count) text += " " + host::narrow(names[at]);
+  }
+  text += ") at " + std::to_string(static_cast<UINT>(function->oVft) / sizeof(void*));
+  for (const BSTR name : names) SysFreeString(name);
+  info.ReleaseFuncDesc(function);
+  return text + "\n";
+}
+
+std::string typeInfoText(ITypeInfo& info, const char* view) {
+  static const std::map<TYPEKIND, std::string> kinds = {
+      {TKIND_INTERFACE, "interface"}, {TKIND_DISPATCH, "dispatch"}, {TKIND_COCLASS, "coclass"}};
+  TYPEATTR* attributes = nullptr;
+  host::require(info.GetTypeAttr(&attributes), "a type");
+  const auto kind = kinds.find(attributes->typekind);
+  std::string text = (kind != kinds.end() ? kind->second : "kind ?") + view + " " +
+                     nameOf(info, MEMBERID_NIL) + " " + idText(attributes->guid) + " flags " +
+                     std::to_string(attributes->wTypeFlags) + "\n";
+  for (UINT i = 0; i < attributes->cImplTypes; ++i) {
+    HREFTYPE reference = 0;
+    INT flags = 0;
+    ComOwner<ITypeInfo> base;
+    ComOwner<ITypeLib> home;
+    UINT index = 0;
+    TLIBATTR* library = nullptr;
+    if (FAILED(info.GetRefTypeOfImplType(i, &reference)) ||
+        FAILED(info.GetRefTypeInfo(reference, base.receive())) ||
+        FAILED(base->GetContainingTypeLib(home.receive(), &index)) ||
+        FAILED(home->GetLibAttr(&library))) {
+      text += "  a base that cannot be read\n";
+      continue;
+    }
+    info.GetImplTypeFlags(i, &flags);
+    text += "  has " + nameOf(*base.get(), MEMBERID_NIL) + " of " + idText(library->guid) +
+            " flags " + std::to_string(flags) + "\n";
+    home->ReleaseTLibAttr(library);
+  }
+  for (UINT i = 0; i < attributes->cFuncs; ++i) text += functionText(info, i);
+  info.ReleaseTypeAttr(attributes);
+  return text;
+}
+
+}  // namespace
+
+std::string describeTypes(ITypeLib& library) {
+  TLIBATTR* attributes = nullptr;
+  host::require(library.GetLibAttr(&attributes), "the library");
+  BSTR name = nullptr;
+  library.GetDocumentation(-1, &name, nullptr, nullptr, nullptr);
+  std::string text = "library " + host::narrow(name) + " " + idText(attributes->guid) + " " +
+                     std::to_string(attributes->wMajorVerNum) + "." +
+                     std::to_string(attributes->wMinorVerNum) + " flags " +
+                     std::to_string(attributes->wLibFlags & LIBFLAG_FCONTROL) + "\n";
+  SysFreeString(name);
+  library.ReleaseTLibAttr(attributes);
+  for (UINT i = 0; i < library.GetTypeInfoCount(); ++i) {
+    ComOwner<ITypeInfo> info, direct;
+    host::require(library.GetTypeInfo(i, info.receive()), "a type");
+    text += typeInfoText(*info.get(), "");
+    // The same interface as those see it who call its functions directly.
+    HREFTYPE reference = 0;
+    if (SUCCEEDED(info->GetRefTypeOfImplType(static_cast<UINT>(-1), &reference)) &&
+        SUCCEEDED(info->GetRefTypeInfo(reference, direct.receive()))) {
+      text += typeInfoText(*direct.get(), " (direct)");
+    }
+  }
+  return text;
+}
+
+}  // namespace winetest

@@ -1,0 +1,20 @@
+# The control must run on any Windows: it may import nothing that it would have to bring along.
+execute_process(COMMAND ${OBJDUMP} -p ${LIBRARY} OUTPUT_VARIABLE description
+  RESULT_VARIABLE status)
+if(NOT status EQUAL 0)
+  message(FATAL_ERROR "cannot read ${LIBRARY}")
+endif()
+string(REGEX MATCHALL "DLL Name: [^\n\r]+" imports "${description}")
+if(NOT imports)
+  message(FATAL_ERROR "no imports found in ${LIBRARY}")
+endif()
+set(windows advapi32 bcrypt comdlg32 crypt32 gdi32 kernel32 msvcrt ole32 oleaut32 shell32 shlwapi
+  user32 ws2_32)
+foreach(import IN LISTS imports)
+  string(REGEX REPLACE "DLL Name: (.*)\\.[dD][lL][lL]" "\\1" name "${import}")
+  string(TOLOWER "${name}" name)
+  message(STATUS "imports ${name}")
+  if(NOT name IN_LIST windows)
+    message(FATAL_ERROR "${LIBRARY} needs ${import}")
+  endif()
+endforeach()

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace winetest {
+
+struct SeenBox {
+  std::string caption, text;
+  bool operator==(const SeenBox&) const = default;
+};
+
+inline void PrintTo(const SeenBox& box, std::ostream* out) {
+  *out << "[" + box.caption + "] " + box.text;
+}
+
+struct Outcome {
+  unsigned long status = 0;
+  bool ended = false;  // false: it was ended after the time limit
+  std::string output;  // what it wrote, lines ending in a line feed
+  std::vector<SeenBox> boxes;
+};
+
+// Runs a program and waits for its end. Message boxes that appear meanwhile are remembered and
+// answered with OK.
+Outcome runProgram(const std::wstring& commandLine, unsigned seconds = 60);
+
+}  // namespace winetest
