@@ -19,9 +19,7 @@ constexpr short kFill = -32768;
 struct Packing {
   double scale, offset;
 
-  short raw(double value) const {
-    return static_cast<short>(std::lrint((value - offset) / scale));
-  }
+  short raw(double value) const { return static_cast<short>(std::lrint((value - offset) / scale)); }
 };
 constexpr Packing kTemperature = {0.001, 15.0};
 constexpr Packing kSalinity = {0.001, 30.0};

@@ -7,7 +7,9 @@ namespace sample {
 namespace {
 
 // From 0 far below zero to 1 far above it, a half at zero.
-double rise(double x) { return 0.5 * (1.0 + x / std::sqrt(1.0 + x * x)); }
+double rise(double x) {
+  return 0.5 * (1.0 + x / std::sqrt(1.0 + x * x));
+}
 
 // 1 at the centre, falling to a quarter one radius away.
 double bump(double dx, double dy, double radius) {
@@ -45,8 +47,12 @@ double offshore(double lon, double lat) {
 
 }  // namespace
 
-double longitude(int i) { return 284.0 + 0.125 * i; }
-double latitude(int j) { return 30.0 + 0.125 * j; }
+double longitude(int i) {
+  return 284.0 + 0.125 * i;
+}
+double latitude(int j) {
+  return 30.0 + 0.125 * j;
+}
 
 double midMonth(int step) {
   constexpr std::array<double, kSteps> kMiddles = {15.5,  45.0,  75.5,  106.0, 136.5, 167.0,
@@ -83,8 +89,8 @@ double WaterColumn::temperature(double depth) const {
   const double deep = 3.6 + 1.2 * rise((700.0 - depth) / 220.0);
   const double main = (9.2 - 1.6 * north_) * rise((thermocline_ - depth) / 85.0);
   const double upper = (4.2 - 1.8 * north_ - coast_) * rise((0.46 * thermocline_ - depth) / 42.0);
-  const double surface = (5.4 + 3.8 * season_ - 2.2 * north_ - 1.2 * coast_) *
-                         rise((mixedLayer_ - depth) / 11.0);
+  const double surface =
+      (5.4 + 3.8 * season_ - 2.2 * north_ - 1.2 * coast_) * rise((mixedLayer_ - depth) / 11.0);
   return deep + main + upper + surface;
 }
 
@@ -92,8 +98,8 @@ double WaterColumn::salinity(double depth) const {
   const double main = 1.25 * rise((thermocline_ - depth) / 95.0);
   // Evaporation makes the water below the mixed layer the saltiest, rivers freshen the shelf.
   const double core = 0.55 * bump((depth - 0.42 * thermocline_) / 100.0, 0.0, 1.0);
-  const double fresh = (2.6 * coast_ * coast_ + 0.20 + 0.12 * season_) *
-                       rise((mixedLayer_ - depth) / 16.0);
+  const double fresh =
+      (2.6 * coast_ * coast_ + 0.20 + 0.12 * season_) * rise((mixedLayer_ - depth) / 16.0);
   return 34.95 + main + core - fresh;
 }
 

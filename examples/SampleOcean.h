@@ -13,8 +13,8 @@ inline constexpr std::array<double, 32> kDepths = {
     220, 240, 265, 290, 320, 350, 385, 420, 460, 500, 550, 600, 660, 720, 790, 860};
 inline constexpr int kLevels = static_cast<int>(kDepths.size());
 
-double longitude(int i);  // i from 0, degrees east
-double latitude(int j);   // j from 0, degrees north
+double longitude(int i);    // i from 0, degrees east
+double latitude(int j);     // j from 0, degrees north
 double midMonth(int step);  // step from 0, days since the start of 2020
 
 // Depth of the sea floor in metres; 0 or less on land.
@@ -32,11 +32,11 @@ class WaterColumn {
   double seaLevel() const;                 // metres
 
  private:
-  double season_;        // -1 in the coldest month, 1 in the warmest
-  double north_;         // 0 at the southern edge of the grid, 1 at the northern
-  double coast_;         // 1 on the inner shelf, 0 far from it
-  double thermocline_;   // depth of the middle of the main thermocline
-  double mixedLayer_;    // depth of the mixed layer
+  double season_;       // -1 in the coldest month, 1 in the warmest
+  double north_;        // 0 at the southern edge of the grid, 1 at the northern
+  double coast_;        // 1 on the inner shelf, 0 far from it
+  double thermocline_;  // depth of the middle of the main thermocline
+  double mixedLayer_;   // depth of the mixed layer
 };
 
 }  // namespace sample

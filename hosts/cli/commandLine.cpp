@@ -83,8 +83,8 @@ void CommandLine::defineSection(CLI::App& command, SectionRequest& request) {
           "a path like \"285.25,32 292.75,35.1\": longitude,latitude of two points or more",
           "Longitude,latitude of each point, points separated by blanks")
       ->required();
-  addRead(command, "--time", "N", request.step, readStep,
-          "the number of a time step, 1 or more", "Time step, counted from 1 (default 1)");
+  addRead(command, "--time", "N", request.step, readStep, "the number of a time step, 1 or more",
+          "Time step, counted from 1 (default 1)");
 }
 
 void CommandLine::run() const {

@@ -38,10 +38,9 @@ std::optional<DataSetFacts::Coordinate> coordinate(int32_t variable,
 }
 
 bool countsDates() {
-  return std::ranges::any_of(std::initializer_list<const char*>{"DAY", "HOU", "MIN", "SEC"},
-                             [](const char* unit) {
-                               return ocxStrings::hasPrefix(ncf.time_unit, unit);
-                             });
+  return std::ranges::any_of(
+      std::initializer_list<const char*>{"DAY", "HOU", "MIN", "SEC"},
+      [](const char* unit) { return ocxStrings::hasPrefix(ncf.time_unit, unit); });
 }
 
 std::string dateOfStep(int32_t step) {

@@ -32,9 +32,15 @@ void draw(const DrawRequest& request) {
   const std::string shortfall = drawSection(control, desktop, request.section);
   if (!shortfall.empty()) throw Failure(shortfall);
   switch (request.format) {
-    case PictureFormat::Png: pictures.savePng(request.output); break;
-    case PictureFormat::Svg: pictures.saveSvg(request.output, pictureTitle()); break;
-    case PictureFormat::Pdf: pictures.savePdf(request.output, pictureTitle()); break;
+    case PictureFormat::Png:
+      pictures.savePng(request.output);
+      break;
+    case PictureFormat::Svg:
+      pictures.saveSvg(request.output, pictureTitle());
+      break;
+    case PictureFormat::Pdf:
+      pictures.savePdf(request.output, pictureTitle());
+      break;
   }
 }
 

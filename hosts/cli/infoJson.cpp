@@ -17,7 +17,9 @@ double asWritten(float value) {
   return number;
 }
 
-Json textOrNull(const std::string& text) { return text.empty() ? Json() : Json(text); }
+Json textOrNull(const std::string& text) {
+  return text.empty() ? Json() : Json(text);
+}
 
 Json coordinateJson(const std::optional<DataSetFacts::Coordinate>& coordinate) {
   if (!coordinate) return nullptr;
@@ -49,9 +51,8 @@ Json dimensionsJson(const DataSetFacts& facts) {
 Json stepsJson(const DataSetFacts& facts) {
   Json list = Json::array();
   for (const DataSetFacts::Step& step : facts.steps) {
-    list.push_back({{"step", list.size() + 1},
-                    {"value", step.value},
-                    {"date", textOrNull(step.date)}});
+    list.push_back(
+        {{"step", list.size() + 1}, {"value", step.value}, {"date", textOrNull(step.date)}});
   }
   return list;
 }

@@ -35,8 +35,7 @@ class Scanner {
     std::string_view digits = rest_;
     if (digits.size() > 1 && digits[0] == '+' && digits[1] != '-') digits.remove_prefix(1);
     Number value{};
-    const auto [end, error] =
-        std::from_chars(digits.data(), digits.data() + digits.size(), value);
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
     if (error != std::errc()) return std::nullopt;
     rest_ = digits.substr(static_cast<std::size_t>(end - digits.data()));
     return value;

@@ -44,8 +44,7 @@ void Output::finish() {
 
 void report(std::string_view text) {
   // Nobody is left to tell when this fails.
-  static_cast<void>(
-      writeAll(STDERR_FILENO, "kelvane: " + printable(text, LineFeeds::Keep) + "\n"));
+  static_cast<void>(writeAll(STDERR_FILENO, "kelvane: " + printable(text, LineFeeds::Keep) + "\n"));
 }
 
 std::string printable(std::string_view text, LineFeeds lineFeeds) {

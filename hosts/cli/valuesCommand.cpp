@@ -24,10 +24,9 @@ std::string depthText(double depth) {
 }
 
 double kilometres(KelvaneMain::LonLat from, KelvaneMain::LonLat to) {
-  return KelvaneMain::SectionDistance(static_cast<double>(from.lon),
-                                      static_cast<double>(from.lat),
-                                      static_cast<double>(to.lon),
-                                      static_cast<double>(to.lat)) / 1000.0;
+  return KelvaneMain::SectionDistance(static_cast<double>(from.lon), static_cast<double>(from.lat),
+                                      static_cast<double>(to.lon), static_cast<double>(to.lat)) /
+         1000.0;
 }
 
 // The fields of column c that all its levels share, each with the comma behind it.

@@ -9,9 +9,13 @@
 
 namespace cli_test {
 
-CliTest::CliTest() { support::makeVectorSet(file("small.nc")); }
+CliTest::CliTest() {
+  support::makeVectorSet(file("small.nc"));
+}
 
-bool CliTest::exists(const std::string& name) const { return std::filesystem::exists(file(name)); }
+bool CliTest::exists(const std::string& name) const {
+  return std::filesystem::exists(file(name));
+}
 
 std::string CliTest::contents(const std::string& name) const {
   return fileText(file(name));

@@ -22,8 +22,10 @@ Number number(const std::string& text) {
 Row parseLine(const std::string& line) {
   std::vector<std::string> fields(1);
   for (const char c : line) {
-    if (c == ',') fields.emplace_back();
-    else fields.back() += c;
+    if (c == ',')
+      fields.emplace_back();
+    else
+      fields.back() += c;
   }
   if (fields.size() != 9) throw std::runtime_error("not nine fields: '" + line + "'");
   Row row{number<int32_t>(fields[0]), number<int32_t>(fields[1]), number<int32_t>(fields[2]),
@@ -50,9 +52,13 @@ std::vector<Row> parseCsv(const std::string& text) {
   return rows;
 }
 
-Reference::Reference(const std::string& path) { must(nc_open(path.c_str(), 0, &ncid_)); }
+Reference::Reference(const std::string& path) {
+  must(nc_open(path.c_str(), 0, &ncid_));
+}
 
-Reference::~Reference() { nc_close(ncid_); }
+Reference::~Reference() {
+  nc_close(ncid_);
+}
 
 float Reference::coordinate(const char* variable, int32_t at) const {
   int id = -1;
@@ -63,13 +69,13 @@ float Reference::coordinate(const char* variable, int32_t at) const {
   return value;
 }
 
-std::optional<float> Reference::value(const char* variable, int32_t step, int32_t level,
-                                      int32_t j, int32_t i) const {
+std::optional<float> Reference::value(const char* variable, int32_t step, int32_t level, int32_t j,
+                                      int32_t i) const {
   int id = -1;
   must(nc_inq_varid(ncid_, variable, &id));
-  const std::size_t index[] = {
-      static_cast<std::size_t>(step - 1), static_cast<std::size_t>(level - 1),
-      static_cast<std::size_t>(j - 1), static_cast<std::size_t>(i - 1)};
+  const std::size_t index[] = {static_cast<std::size_t>(step - 1),
+                               static_cast<std::size_t>(level - 1), static_cast<std::size_t>(j - 1),
+                               static_cast<std::size_t>(i - 1)};
   double raw = 0;
   must(nc_get_var1_double(ncid_, id, index, &raw));
   if (missing != 0 && static_cast<float>(raw) == static_cast<float>(missing)) return std::nullopt;

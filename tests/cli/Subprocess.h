@@ -12,10 +12,10 @@ struct Result {
 };
 
 struct Surroundings {
-  std::string folder;                      // where the program starts; here when empty
-  std::optional<std::string> stdoutFile;   // goes there instead of into Result::out
+  std::string folder;                     // where the program starts; here when empty
+  std::optional<std::string> stdoutFile;  // goes there instead of into Result::out
   bool stdoutClosed = false;
-  bool stdoutReaderGone = false;           // a pipe whose reading end is closed
+  bool stdoutReaderGone = false;  // a pipe whose reading end is closed
 };
 
 // Runs a program to its end and collects what it says.

@@ -138,8 +138,9 @@ TEST_F(BadInput, ADataSetWithoutTimeOpensButIsNotRead) {
   EXPECT_TRUE(contains(info.out, "Note:        No time axis was found")) << info.out;
   const Result draw = kelvane({"draw", "bad.nc", "--path", "0,0 1,1", "-o", "a.png"});
   EXPECT_EQ(draw.status, 1);
-  EXPECT_EQ(draw.err, "kelvane: [MakeKelvane] Section distance is too short, or input error\n"
-                      "The grid covers longitudes 0 to 1 and latitudes 0 to 1.\n");
+  EXPECT_EQ(draw.err,
+            "kelvane: [MakeKelvane] Section distance is too short, or input error\n"
+            "The grid covers longitudes 0 to 1 and latitudes 0 to 1.\n");
 }
 
 TEST_F(BadInput, LatitudesFromNorthToSouthOpenButMakeNoSection) {

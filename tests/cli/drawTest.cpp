@@ -78,16 +78,16 @@ TEST_F(Draw, PdfIsMadeOfVectors) {
 }
 
 TEST_F(Draw, ASectionWithoutValuesIsDrawnWithANote) {
-  const Result result = kelvane({"draw", "small.nc", "--var", "salt", "--path",
-                                 "350,-0.9 359,-0.9", "-o", "empty.png"});
+  const Result result = kelvane(
+      {"draw", "small.nc", "--var", "salt", "--path", "350,-0.9 359,-0.9", "-o", "empty.png"});
   EXPECT_EQ(result.status, 0);
   EXPECT_EQ(result.err, "kelvane: note: every value of salt is missing along this path.\n");
   expectPng(contents("empty.png"), 1000, 600);
 }
 
 TEST_F(Draw, ABackwardSegmentIsDrawnForwardWithANote) {
-  const Result result = kelvane({"draw", "small.nc", "--path", "352,-0.9 354,0.4 351,0.4", "-o",
-                                 "back.png"});
+  const Result result =
+      kelvane({"draw", "small.nc", "--path", "352,-0.9 354,0.4 351,0.4", "-o", "back.png"});
   EXPECT_EQ(result.status, 0);
   EXPECT_EQ(count(result.err, "note:"), 1) << result.err;
   EXPECT_TRUE(contains(result.err, "segment 2 of the path goes west or south")) << result.err;
@@ -141,8 +141,7 @@ TEST_F(Draw, TheDataSetIsNeverReplacedByItsPicture) {
 TEST_F(Draw, AClosedStandardOutputDoesNoHarm) {
   Surroundings closed;
   closed.stdoutClosed = true;
-  const Result result =
-      kelvane({"draw", "small.nc", "--path", kSmallPath, "-o", "a.png"}, closed);
+  const Result result = kelvane({"draw", "small.nc", "--path", kSmallPath, "-o", "a.png"}, closed);
   EXPECT_EQ(result.status, 0) << result.err;
   expectPng(contents("a.png"), 1000, 600);
 }

@@ -91,8 +91,9 @@ TEST_F(Info, ListsEverythingAsJson) {
 
 TEST_F(Info, DatesAreGivenOnlyWhereTheUnitsCountThem) {
   const std::tuple<const char*, json, json> cases[] = {
-      {"days since 2000-02-27", "2000-02-27 00:00:00", {"2000-02-28 00:00:00",
-                                                        "2000-03-02 00:00:00"}},
+      {"days since 2000-02-27",
+       "2000-02-27 00:00:00",
+       {"2000-02-28 00:00:00", "2000-03-02 00:00:00"}},
       {"days", "1899-12-30 00:00:00", {"1899-12-31 00:00:00", "1900-01-03 00:00:00"}},
       {"seasons", nullptr, {"Season 1", "Season 4"}},
       {"months since 2000-01-01", nullptr, {"Month 1", "Month 4"}},
@@ -115,7 +116,9 @@ TEST_F(Info, DatesAreGivenOnlyWhereTheUnitsCountThem) {
 TEST_F(Info, TextsOfADataSetCannotSteerTheTerminal) {
   {
     support::NcMaker nc(file("odd.nc"));
-    nc.text(NC_GLOBAL, "title", "\x1B[31mred\nline\x07\xC2\x9B""2J");
+    nc.text(NC_GLOBAL, "title",
+            "\x1B[31mred\nline\x07\xC2\x9B"
+            "2J");
     nc.dim("x", 2);
   }
   const Result result = kelvane({"info", "odd.nc"});

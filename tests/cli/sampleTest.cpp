@@ -19,8 +19,8 @@ class Sample : public CliTest {
     ASSERT_EQ(made.err, "");
   }
   std::string values(const std::string& name, const std::string& variable) const {
-    const Result result = kelvane({"values", name, "--var", variable, "--path", kSamplePath,
-                                   "--time", "5"});
+    const Result result =
+        kelvane({"values", name, "--var", variable, "--path", kSamplePath, "--time", "5"});
     EXPECT_EQ(result.status, 0) << result.err;
     return result.out;
   }

@@ -92,7 +92,8 @@ TEST_F(Values, FailuresListNothing) {
       {{"values", "none.nc", "--path", kSmallPath}, "No such file or directory"},
       {{"values", "small.nc", "--path", kSmallPath, "--var", ""},
        "[SelectVarByName] nc varable not identified"},
-      {{"values", "small.nc", "--path", "1e30,1e30 2e30,2e30"}, "[Set_cell_Section] Error: Overflow"},
+      {{"values", "small.nc", "--path", "1e30,1e30 2e30,2e30"},
+       "[Set_cell_Section] Error: Overflow"},
       {{"values", "small.nc", "--path", kSmallPath, "--time", "3"}, "nvar, tcount= "},
   };
   for (const auto& [arguments, reason] : cases) {
@@ -112,8 +113,8 @@ TEST_F(Values, AFullDiskIsNoticed) {
         {"--help"}}) {
     const Result result = kelvane(command, full);
     EXPECT_EQ(result.status, 1);
-    EXPECT_TRUE(contains(result.err, "Standard output cannot be written: No space left")) <<
-        result.err;
+    EXPECT_TRUE(contains(result.err, "Standard output cannot be written: No space left"))
+        << result.err;
   }
 }
 
