@@ -1,9 +1,12 @@
 #include "BoxAnswerer.h"
 
+#include <utility>
+
 namespace host {
 namespace {
 
 constexpr UINT kInterval = 20;
+constexpr wchar_t kAnswered[] = L"KelvaneAnswered";
 thread_local BoxAnswerer* current = nullptr;
 
 std::wstring textOf(HWND window) {
@@ -16,11 +19,12 @@ std::wstring textOf(HWND window) {
 }  // namespace
 
 // A box lets the thread's timers run while it waits for its answer.
-BoxAnswerer::BoxAnswerer() : timer_(SetTimer(nullptr, 0, kInterval, look)) { current = this; }
+BoxAnswerer::BoxAnswerer()
+    : timer_(SetTimer(nullptr, 0, kInterval, look)), previous_(std::exchange(current, this)) {}
 
 BoxAnswerer::~BoxAnswerer() {
   KillTimer(nullptr, timer_);
-  current = nullptr;
+  current = previous_;
 }
 
 void CALLBACK BoxAnswerer::look(HWND, UINT, UINT_PTR, DWORD) {
@@ -34,8 +38,12 @@ BOOL CALLBACK BoxAnswerer::answer(HWND window, LPARAM self) {
   GetClassNameW(window, kind, 16);
   const HWND text = GetDlgItem(window, textItem);
   if (std::wstring(kind) != L"#32770" || text == nullptr || !IsWindowVisible(window)) return TRUE;
-  reinterpret_cast<BoxAnswerer*>(self)->boxes_.push_back(
-      {textOf(window), textOf(text), GetWindow(window, GW_OWNER)});
+  // An answered box may be seen again before it goes.
+  if (GetPropW(window, kAnswered) != nullptr) return TRUE;
+  SetPropW(window, kAnswered, window);
+  auto& answerer = *reinterpret_cast<BoxAnswerer*>(self);
+  answerer.boxes_.push_back({textOf(window), textOf(text), GetWindow(window, GW_OWNER)});
+  if (answerer.meanwhile_) answerer.meanwhile_();
   EndDialog(window, IDOK);
   return TRUE;
 }

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -12,8 +13,8 @@ struct SeenBox {
   HWND owner = nullptr;
 };
 
-// While it lives, message boxes of this thread are read, remembered and answered with OK. One at a
-// time may live in a thread.
+// While it lives, message boxes of this thread are read, remembered and answered with OK. Of
+// several in a thread the newest does it.
 class BoxAnswerer {
  public:
   BoxAnswerer();
@@ -22,13 +23,17 @@ class BoxAnswerer {
   BoxAnswerer& operator=(const BoxAnswerer&) = delete;
 
   const std::vector<SeenBox>& boxes() const { return boxes_; }
+  // Something to do while a box is up, before it is answered.
+  void meanwhile(std::function<void()> action) { meanwhile_ = std::move(action); }
 
  private:
   static void CALLBACK look(HWND, UINT, UINT_PTR, DWORD);
   static BOOL CALLBACK answer(HWND window, LPARAM self);
 
   UINT_PTR timer_;
+  BoxAnswerer* previous_;
   std::vector<SeenBox> boxes_;
+  std::function<void()> meanwhile_;
 };
 
 }  // namespace host

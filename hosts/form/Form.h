@@ -34,7 +34,7 @@ class Form {
   Picture oleDraw() const;
 
   HWND window() const { return window_; }
-  const std::vector<SeenBox>& boxes() const { return answerer_.boxes(); }
+  BoxAnswerer& answerer() { return answerer_; }
 
  private:
   static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wide, LPARAM longer);

@@ -49,8 +49,9 @@ HRESULT inquiry(IUnknown& object, Member&& member) {
 
 // A member that works on the shared records, refused while another one does.
 template <class Member>
-HRESULT action(IUnknown& object, Member&& member) {
+HRESULT action(IUnknown& object, Instance& instance, Member&& member) {
   return inquiry(object, [&] {
+    instance.body.applySize();
     const MemberCall call;
     if (!call.entered()) return RPC_E_CALL_REJECTED;
     member();
@@ -60,56 +61,56 @@ HRESULT action(IUnknown& object, Member&& member) {
 
 // The same with a variant result, which is empty until the member has run.
 template <class Member>
-HRESULT action(IUnknown& object, VARIANT* result, Member&& member) {
+HRESULT action(IUnknown& object, Instance& instance, VARIANT* result, Member&& member) {
   if (result == nullptr) return E_POINTER;
   VariantInit(result);
-  return action(object, member);
+  return action(object, instance, member);
 }
 
 }  // namespace
 
 HRESULT STDMETHODCALLTYPE Automation::ShowOptions() {
-  return action(object(), [&] { instance_.body.members().ShowOptions(); });
+  return action(object(), instance_, [&] { instance_.body.members().ShowOptions(); });
 }
 
 HRESULT STDMETHODCALLTYPE Automation::NcFile(BSTR filename, VARIANT* result) {
-  return action(object(), result,
+  return action(object(), instance_, result,
                 [&] { give(result, instance_.body.members().NcFile(textOf(filename))); });
 }
 
 HRESULT STDMETHODCALLTYPE Automation::KewFile(BSTR filename, VARIANT* result) {
-  return action(object(), result,
+  return action(object(), instance_, result,
                 [&] { give(result, instance_.body.members().KewFile(textOf(filename))); });
 }
 
 HRESULT STDMETHODCALLTYPE Automation::NewSection() {
-  return action(object(), [&] { instance_.body.members().NewSection(); });
+  return action(object(), instance_, [&] { instance_.body.members().NewSection(); });
 }
 
 HRESULT STDMETHODCALLTYPE Automation::AddSection(float X, float y) {
-  return action(object(), [&] { instance_.body.members().AddSection(X, y); });
+  return action(object(), instance_, [&] { instance_.body.members().AddSection(X, y); });
 }
 
 HRESULT STDMETHODCALLTYPE Automation::AddColorKey(float vLow, float vHig, LONG col) {
-  return action(object(), [&] { instance_.body.members().AddColorKey(vLow, vHig, col); });
+  return action(object(), instance_, [&] { instance_.body.members().AddColorKey(vLow, vHig, col); });
 }
 
 HRESULT STDMETHODCALLTYPE Automation::NewColorKey() {
-  return action(object(), [&] { instance_.body.members().NewColorKey(); });
+  return action(object(), instance_, [&] { instance_.body.members().NewColorKey(); });
 }
 
 HRESULT STDMETHODCALLTYPE Automation::EndSection(VARIANT* result) {
-  return action(object(), result,
+  return action(object(), instance_, result,
                 [&] { give(result, instance_.body.members().EndSection()); });
 }
 
 HRESULT STDMETHODCALLTYPE Automation::SetVarByName(BSTR vName, VARIANT* result) {
-  return action(object(), result,
+  return action(object(), instance_, result,
                 [&] { give(result, instance_.body.members().SetVarByName(textOf(vName))); });
 }
 
 HRESULT STDMETHODCALLTYPE Automation::SetVarByOrder(LONG Order, VARIANT* result) {
-  return action(object(), result,
+  return action(object(), instance_, result,
                 [&] { give(result, instance_.body.members().SetVarByOrder(Order)); });
 }
 
@@ -144,7 +145,7 @@ HRESULT STDMETHODCALLTYPE Automation::get_DrawProfile(VARIANT_BOOL* profile) {
 }
 
 HRESULT STDMETHODCALLTYPE Automation::put_DrawProfile(VARIANT_BOOL profile) {
-  return action(object(),
+  return action(object(), instance_,
                 [&] { instance_.body.members().DrawProfile(profile != VARIANT_FALSE); });
 }
 
@@ -158,25 +159,25 @@ HRESULT STDMETHODCALLTYPE Automation::get_DrawVerticalSection(VARIANT_BOOL* sect
 }
 
 HRESULT STDMETHODCALLTYPE Automation::put_DrawVerticalSection(VARIANT_BOOL section) {
-  return action(object(),
+  return action(object(), instance_,
                 [&] { instance_.body.members().DrawVerticalSection(section != VARIANT_FALSE); });
 }
 
 HRESULT STDMETHODCALLTYPE Automation::Draw(VARIANT* result) {
-  return action(object(), result, [&] { instance_.body.members().Draw(); });
+  return action(object(), instance_, result, [&] { instance_.body.members().Draw(); });
 }
 
 HRESULT STDMETHODCALLTYPE Automation::SetCurrentTime(LONG lTime) {
-  return action(object(), [&] { instance_.body.members().SetCurrentTime(lTime); });
+  return action(object(), instance_, [&] { instance_.body.members().SetCurrentTime(lTime); });
 }
 
 HRESULT STDMETHODCALLTYPE Automation::AdvanceTime(LONG nt, VARIANT* result) {
-  return action(object(), result,
+  return action(object(), instance_, result,
                 [&] { give(result, instance_.body.members().AdvanceTime(nt)); });
 }
 
 HRESULT STDMETHODCALLTYPE Automation::ReDraw(VARIANT* result) {
-  return action(object(), result, [&] { instance_.body.members().ReDraw(); });
+  return action(object(), instance_, result, [&] { instance_.body.members().ReDraw(); });
 }
 
 HRESULT STDMETHODCALLTYPE Automation::get_UseColorKey(VARIANT_BOOL* use) {
@@ -189,11 +190,11 @@ HRESULT STDMETHODCALLTYPE Automation::get_UseColorKey(VARIANT_BOOL* use) {
 }
 
 HRESULT STDMETHODCALLTYPE Automation::put_UseColorKey(VARIANT_BOOL use) {
-  return action(object(), [&] { instance_.body.members().UseColorKey(use != VARIANT_FALSE); });
+  return action(object(), instance_, [&] { instance_.body.members().UseColorKey(use != VARIANT_FALSE); });
 }
 
 HRESULT STDMETHODCALLTYPE Automation::InitColorKey() {
-  return action(object(), [&] { instance_.body.members().InitColorKey(); });
+  return action(object(), instance_, [&] { instance_.body.members().InitColorKey(); });
 }
 
 }  // namespace activex

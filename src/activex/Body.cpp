@@ -18,9 +18,13 @@ Body::Body(IUnknown& object, platform::Desktop& desktop, std::function<void()> s
 Body::~Body() { MemberCall::remove(*this); }
 
 void Body::resize(int32_t width, int32_t height) {
+  resizeLater(width, height);
+  applySize();
+}
+
+void Body::resizeLater(int32_t width, int32_t height) {
   wantedWidth_ = std::max(width, 0);
   wantedHeight_ = std::max(height, 0);
-  applySize();
 }
 
 void Body::applySize() noexcept {

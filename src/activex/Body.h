@@ -25,6 +25,8 @@ class Body {
 
   // The client area became width x height pixels: now, or after the member that is running.
   void resize(int32_t width, int32_t height);
+  // The same, but not before the picture is wanted: by a member or for drawing.
+  void resizeLater(int32_t width, int32_t height);
 
   bool sizeWaits() const { return width_ != wantedWidth_ || height_ != wantedHeight_; }
   void applySize() noexcept;

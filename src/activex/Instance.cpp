@@ -31,8 +31,9 @@ void Instance::takeSize(int32_t width, int32_t height) {
 void Instance::takeExtent(const SIZEL& himetric) {
   dirty = dirty || extent.cx != himetric.cx || extent.cy != himetric.cy;
   extent = himetric;
-  // The window of an active control has the last word on its size.
-  if (!activation.active()) body.resize(pixelsOf(extent.cx), pixelsOf(extent.cy));
+  // The window of an active control has the last word on its size. Before activation a host may
+  // try several extents, some too small to draw in, of which only the last one counts.
+  if (!activation.active()) body.resizeLater(pixelsOf(extent.cx), pixelsOf(extent.cy));
 }
 
 }  // namespace activex

@@ -42,6 +42,7 @@ HRESULT STDMETHODCALLTYPE ViewObject::Draw(DWORD aspect, LONG, void*, DVTARGETDE
   if (bounds == nullptr) return E_POINTER;
   return guarded(object(), [&] {
     const RECT place = {bounds->left, bounds->top, bounds->right, bounds->bottom};
+    instance_.body.applySize();
     const auto& picture = instance_.body.visible();
     const bool drawn = isMetafile(dc) ? drawLogical(picture, dc, place)
                                       : drawDevice(picture, dc, place);
