@@ -48,12 +48,6 @@ void drawBox(PictureBox& surface, double x1, double y1, double x2, double y2,
               util::storeSingle(y2), colour);
 }
 
-void printAt(PictureBox& surface, double x, double y, const std::string& text) {
-  surface.CurrentX = util::storeSingle(x);
-  surface.CurrentY = util::storeSingle(y);
-  surface.Print(text);
-}
-
 }  // namespace
 
 std::string keyBoundText(float bound) {
@@ -73,8 +67,8 @@ void DrawKeyLegend(PictureBox& surface, float x, float y, float width, float hei
   for (int32_t i = n; i >= 1; --i) {
     const double top = static_cast<double>(y) + (n - i) * (boxHeight + gap);
     drawBox(surface, left, top, left + boxWidth, top + boxHeight, ColorKey.color(i));
-    printAt(surface, left + boxWidth + boxWidth / 2.0, top + gap / 2.0,
-            keyBoundText(ColorKey.low(i)) + " - " + keyBoundText(ColorKey.high(i)));
+    surface.PrintAt(left + boxWidth + boxWidth / 2.0, top + gap / 2.0,
+                    keyBoundText(ColorKey.low(i)) + " - " + keyBoundText(ColorKey.high(i)));
   }
 }
 
@@ -92,8 +86,8 @@ void DrawRampLegend(PictureBox& surface, float x, float y, float width, float he
     if (i % kShadesPerLabel != 0) continue;
     const double value =
         static_cast<double>(ValueSpan) * static_cast<double>(t) + static_cast<double>(ValueMin);
-    printAt(surface, right + barWidth / 2.0, top - shadeHeight / 2.0,
-            util::patternText(value, "#0.00"));
+    surface.PrintAt(right + barWidth / 2.0, top - shadeHeight / 2.0,
+                    util::patternText(value, "#0.00"));
   }
 }
 

@@ -26,6 +26,12 @@ std::pair<int32_t, int32_t> covered(float a, float b, int32_t size) {
 
 }  // namespace
 
+void PictureBox::PrintAt(double x, double y, std::string_view text) {
+  CurrentX = util::storeSingle(x);
+  CurrentY = util::storeSingle(y);
+  Print(text);
+}
+
 Colour basicPalette(int32_t entry) {
   static constexpr std::array<Colour, 16> kPalette = {
       rgb(0, 0, 0),       rgb(0, 0, 128),   rgb(0, 128, 0),   rgb(0, 128, 128),

@@ -54,6 +54,9 @@ class PictureBox {
   virtual float TextWidth(std::string_view text) const = 0;
   virtual float TextHeight(std::string_view text) const = 0;
 
+  // Prints at a place computed in double; beyond the single range is run-time error 6.
+  void PrintAt(double x, double y, std::string_view text);
+
   // Combines the whole of another surface of the same kind into this one from (0, 0): each
   // pixel becomes this AND source, so that white is neutral.
   virtual void AndFrom(const PictureBox& source) = 0;

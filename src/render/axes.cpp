@@ -10,12 +10,10 @@
 namespace KelvaneMain {
 namespace {
 
+using util::asDouble;
+
 using platform::PictureBox;
 using util::storeSingle;
-
-double asDouble(float value) {
-  return static_cast<double>(value);
-}
 
 // Axes are lettered in bold, and what is printed after an axis is not.
 class BoldLettering {
@@ -41,19 +39,13 @@ void forEachTick(float range, float step, Draw draw) {
   }
 }
 
-void printAt(PictureBox& surface, double x, double y, const std::string& text) {
-  surface.CurrentX = storeSingle(x);
-  surface.CurrentY = storeSingle(y);
-  surface.Print(text);
-}
-
 // A tick below the bottom edge with its label centred under it.
 void drawBottomTick(PictureBox& surface, double x, float bottomY, float tickEnd,
                     const std::string& label) {
   const float tickX = storeSingle(x);
   surface.Line(tickX, bottomY, tickX, tickEnd, surface.ForeColor);
-  printAt(surface, asDouble(tickX) - asDouble(surface.TextWidth(label)) / 2.0, asDouble(tickEnd),
-          label);
+  surface.PrintAt(asDouble(tickX) - asDouble(surface.TextWidth(label)) / 2.0, asDouble(tickEnd),
+                  label);
 }
 
 }  // namespace
@@ -81,8 +73,8 @@ void DrawDistanceAxis(PictureBox& surface, float axisLeftX, float axisBottomY, f
                    degreeText(axis, tick.value));
   }
   const std::string title = degreeAxisTitle(axis);
-  printAt(surface, left + axisWidth / 2.0 - asDouble(surface.TextWidth(title)) / 2.0,
-          asDouble(tickEnd) + 1.5 * textHeight, title);
+  surface.PrintAt(left + axisWidth / 2.0 - asDouble(surface.TextWidth(title)) / 2.0,
+                  asDouble(tickEnd) + 1.5 * textHeight, title);
 }
 
 void DrawDepthAxis(PictureBox& surface, float axisX, float axisTopY, float unitsPerMetre,
@@ -98,8 +90,8 @@ void DrawDepthAxis(PictureBox& surface, float axisX, float axisTopY, float units
                                 asDouble(axisTopY));
     surface.Line(axisX, y, tickEnd, y, surface.ForeColor);
     const std::string label = util::generalText(value) + (first ? " m" : "");
-    printAt(surface, asDouble(tickEnd) + outwards * asDouble(surface.TextWidth(label)),
-            asDouble(y) - textHeight / 2.0, label);
+    surface.PrintAt(asDouble(tickEnd) + outwards * asDouble(surface.TextWidth(label)),
+                    asDouble(y) - textHeight / 2.0, label);
   });
 }
 

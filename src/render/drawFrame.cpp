@@ -12,15 +12,13 @@
 namespace KelvaneMain {
 namespace {
 
+using util::asDouble;
+
 using platform::PictureBox;
 
 // One world unit is one column, from 0 on.
 constexpr double kColumnOrigin = 0.0;
 constexpr double kColumnWidth = 1.0;
-
-double asDouble(float value) {
-  return static_cast<double>(value);
-}
 
 // Column edges and level depths are mapped once for the whole grid, not once a cell.
 void DrawCellBlocks(PictureBox& surface) {

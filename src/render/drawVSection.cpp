@@ -14,12 +14,10 @@
 namespace KelvaneMain {
 namespace {
 
+using util::asDouble;
+
 using platform::PictureBox;
 using platform::Pictures;
-
-double asDouble(float value) {
-  return static_cast<double>(value);
-}
 
 // The drawing state of a surface, put back however the drawing ends.
 class SurfaceState {

@@ -15,13 +15,11 @@ PlotGeometry plot;
 
 namespace {
 
+using util::asDouble;
+
 int32_t refuse(const std::string& text) {
   platform::desktop().ShowMessage("[Cartesian] " + text, "KelvaneCtl", platform::MessageIcon::None);
   return -1;
-}
-
-double asDouble(float value) {
-  return static_cast<double>(value);
 }
 
 }  // namespace

@@ -7,11 +7,9 @@
 namespace KelvaneMain {
 namespace {
 
-using platform::PictureBox;
+using util::asDouble;
 
-double asDouble(float value) {
-  return static_cast<double>(value);
-}
+using platform::PictureBox;
 
 void centre(PictureBox& surface, const std::string& text) {
   surface.CurrentX = util::storeSingle(asDouble(surface.ScaleWidth()) / 2.0 -

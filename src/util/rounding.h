@@ -16,6 +16,9 @@ int32_t truncateToLong(double value);
 // NaN is stored as NaN.
 float storeSingle(double value);
 
+// A single in an expression, which is computed in double.
+constexpr double asDouble(float value) { return static_cast<double>(value); }
+
 // Sums and products of counters; leaving the 32-bit (16-bit) range is error 6.
 int32_t addLong(int32_t a, int32_t b);
 int32_t multiplyLong(int32_t a, int32_t b);

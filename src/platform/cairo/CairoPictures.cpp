@@ -12,15 +12,14 @@
 #include "platform/cairo/Lettering.h"
 #include "platform/cairo/drawableText.h"
 #include "platform/cairo/wholeFile.h"
+#include "util/rounding.h"
 
 namespace platform {
 namespace {
 
-constexpr double kPointsPerPixel = 72.0 / 96.0;
+using util::asDouble;
 
-double asDouble(float value) {
-  return static_cast<double>(value);
-}
+constexpr double kPointsPerPixel = 72.0 / 96.0;
 
 cairo_status_t append(void* bytes, const unsigned char* data, unsigned int length) {
   try {

@@ -3,16 +3,14 @@
 #include <algorithm>
 #include <cmath>
 
-#include "platform/cairo/clipLine.h"
+#include "platform/clipLine.h"
 #include "platform/cairo/drawableText.h"
 #include "util/rounding.h"
 
 namespace platform {
 namespace {
 
-double asDouble(float value) {
-  return static_cast<double>(value);
-}
+using util::asDouble;
 
 // The pixel format has blue in the low byte, a colour has red there.
 uint32_t pixelOf(Colour colour) {

@@ -3,17 +3,13 @@
 #include <algorithm>
 #include <cmath>
 
-#include "platform/cairo/clipLine.h"
 #include "platform/cairo/drawableText.h"
+#include "platform/clipLine.h"
+#include "util/rounding.h"
 
 namespace platform {
-namespace {
 
-double asDouble(float value) {
-  return static_cast<double>(value);
-}
-
-}  // namespace
+using util::asDouble;
 
 void CairoVectorBox::Move(int32_t, int32_t, int32_t width, int32_t height) {
   const int32_t newWidth = std::clamp(width, 0, kLargestSide);
@@ -34,7 +30,7 @@ void CairoVectorBox::Line(float x1, float y1, float x2, float y2, Colour colour)
   const int32_t thickness = std::clamp(DrawWidth, 1, 1000);
   const auto piece = clipLine({asDouble(x1), asDouble(y1), asDouble(x2), asDouble(y2)}, width_,
                               height_, thickness);
-  if (!piece || std::isnan(x1 + y1 + x2 + y2)) return;
+  if (!piece) return;
   inks_.push_back({Ink::Kind::Line, static_cast<float>(piece->x1), static_cast<float>(piece->y1),
                    static_cast<float>(piece->x2), static_cast<float>(piece->y2), colour,
                    thickness});

@@ -3,14 +3,18 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/clipLine.h"
 #include "platform/gdi/wideText.h"
 #include "util/rounding.h"
 
 namespace platform {
 namespace {
 
+using util::asDouble;
+
 constexpr uint32_t kWhitePixel = 0x00FFFFFF;
 constexpr int32_t kLargestSide = 32767;
+constexpr int32_t kWidestLine = 1000;
 constexpr std::size_t kMostFonts = 16;
 // GDI computes with 27 bits, and takes no more characters than this in one call.
 constexpr double kFarthest = 1e6;
@@ -30,29 +34,7 @@ std::wstring printable(std::string_view text) {
 }
 
 int placeOf(float coordinate) {
-  return util::roundToLong(std::clamp(static_cast<double>(coordinate), -kFarthest, kFarthest));
-}
-
-// Cuts the segment to the square of GDI's reach. False when nothing is left, or for NaN.
-bool clipToReach(double& x1, double& y1, double& x2, double& y2) {
-  double from = 0, to = 1;
-  const double dx = x2 - x1, dy = y2 - y1;
-  const auto cut = [&](double direction, double room) {
-    if (direction == 0) return room >= 0;
-    const double at = room / direction;
-    if (direction < 0) from = std::max(from, at);
-    else to = std::min(to, at);
-    return from <= to;
-  };
-  if (!std::isfinite(dx) || !std::isfinite(dy)) return false;
-  if (!cut(-dx, x1 + kFarthest) || !cut(dx, kFarthest - x1) || !cut(-dy, y1 + kFarthest) ||
-      !cut(dy, kFarthest - y1)) {
-    return false;
-  }
-  const double startX = x1, startY = y1;
-  if (to < 1) x2 = startX + to * dx, y2 = startY + to * dy;
-  if (from > 0) x1 = startX + from * dx, y1 = startY + from * dy;
-  return true;
+  return util::roundToLong(std::clamp(asDouble(coordinate), -kFarthest, kFarthest));
 }
 
 BITMAPINFO bitmapInfo(int32_t width, int32_t height) {
@@ -126,18 +108,17 @@ void GdiPictureBox::Refresh() {
 }
 
 void GdiPictureBox::Line(float x1, float y1, float x2, float y2, Colour colour) {
-  double fromX = static_cast<double>(x1), fromY = static_cast<double>(y1);
-  double toX = static_cast<double>(x2), toY = static_cast<double>(y2);
-  if (pixels_ == nullptr || !clipToReach(fromX, fromY, toX, toY)) return;
-  const int x = util::roundToLong(toX), y = util::roundToLong(toY);
-  const bool thin = DrawWidth <= 1;
-  const PenHandle pen(
-      CreatePen(PS_SOLID, thin ? 1 : std::min(DrawWidth, kLargestSide), colorRef(colour)));
+  const int32_t thickness = std::clamp(DrawWidth, 1, kWidestLine);
+  const auto line = clipLine({asDouble(x1), asDouble(y1), asDouble(x2), asDouble(y2)}, width_,
+                             height_, thickness);
+  if (pixels_ == nullptr || !line) return;
+  const PenHandle pen(CreatePen(PS_SOLID, thickness, colorRef(colour)));
   const Selected selected(dc_.get(), pen.get());
-  MoveToEx(dc_.get(), util::roundToLong(fromX), util::roundToLong(fromY), nullptr);
+  const int x = util::roundToLong(line->x2), y = util::roundToLong(line->y2);
+  MoveToEx(dc_.get(), util::roundToLong(line->x1), util::roundToLong(line->y1), nullptr);
   LineTo(dc_.get(), x, y);
   // A thin line stops short of its end point; the round end of a wide one covers it.
-  if (thin) SetPixelV(dc_.get(), x, y, colorRef(colour));
+  if (thickness == 1) SetPixelV(dc_.get(), x, y, colorRef(colour));
 }
 
 void GdiPictureBox::Box(float x1, float y1, float x2, float y2, Colour colour) {

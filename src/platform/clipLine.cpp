@@ -1,6 +1,7 @@
-#include "platform/cairo/clipLine.h"
+#include "platform/clipLine.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace platform {
 namespace {
@@ -28,6 +29,7 @@ std::optional<LinePiece> clipLine(const LinePiece& line, double width, double he
                                   double thickness) {
   const double dx = line.x2 - line.x1;
   const double dy = line.y2 - line.y1;
+  if (!std::isfinite(dx) || !std::isfinite(dy)) return std::nullopt;
   const double border = thickness + 2.0;
   Way way;
   clipDirection(way, line.x1, dx, -border, width + border);
