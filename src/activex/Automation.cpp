@@ -92,7 +92,8 @@ HRESULT STDMETHODCALLTYPE Automation::AddSection(float X, float y) {
 }
 
 HRESULT STDMETHODCALLTYPE Automation::AddColorKey(float vLow, float vHig, LONG col) {
-  return action(object(), instance_, [&] { instance_.body.members().AddColorKey(vLow, vHig, col); });
+  return action(object(), instance_,
+                [&] { instance_.body.members().AddColorKey(vLow, vHig, col); });
 }
 
 HRESULT STDMETHODCALLTYPE Automation::NewColorKey() {
@@ -190,7 +191,8 @@ HRESULT STDMETHODCALLTYPE Automation::get_UseColorKey(VARIANT_BOOL* use) {
 }
 
 HRESULT STDMETHODCALLTYPE Automation::put_UseColorKey(VARIANT_BOOL use) {
-  return action(object(), instance_, [&] { instance_.body.members().UseColorKey(use != VARIANT_FALSE); });
+  return action(object(), instance_,
+                [&] { instance_.body.members().UseColorKey(use != VARIANT_FALSE); });
 }
 
 HRESULT STDMETHODCALLTYPE Automation::InitColorKey() {

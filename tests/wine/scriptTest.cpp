@@ -52,5 +52,34 @@ INSTANTIATE_TEST_SUITE_P(, Scripts,
                                          Script{"time.vbs", {kBeyond}}, Script{"errors.vbs", {}},
                                          Script{"errors.js", {}}));
 
+// The scripts that are given to users as a start.
+class SampleScripts : public testing::Test {
+ protected:
+  Outcome run(const std::wstring& script, const std::string& file, const std::wstring& rest) {
+    return runProgram(L"cscript.exe //nologo \"" + dataFile(L"samples\\" + script) + L"\" \"" +
+                      host::wide(folder_.file(file)) + L"\"" + rest);
+  }
+  support::TempFolder folder_;
+};
+
+TEST_F(SampleScripts, ListAndDraw) {
+  support::makeVectorSet(folder_.file("vec1.nc"));
+  const Outcome outcome = run(L"section.js", "vec1.nc", L" \"350,0 358,0\" salt");
+  EXPECT_EQ(outcome.output, "1 temp\n2 salt\ndrawn\n");
+  EXPECT_EQ(outcome.status, 0U);
+}
+
+TEST_F(SampleScripts, TellWhyNot) {
+  support::makeVectorSet(folder_.file("vec1.nc"));
+  // The path of the script lies elsewhere in the world.
+  Outcome outcome = run(L"section.vbs", "vec1.nc", L"");
+  EXPECT_EQ(outcome.output,
+            "1 temp\n2 salt\n[MakeKelvane] Section distance is too short, or input error\n");
+  EXPECT_EQ(outcome.status, 1U);
+  outcome = run(L"section.js", "vec1.nc", L" \"350,0 358,0\" nosuch");
+  EXPECT_EQ(outcome.output, "1 temp\n2 salt\n[SelectVarByName] nc varable not identified\n");
+  EXPECT_EQ(outcome.status, 1U);
+}
+
 }  // namespace
 }  // namespace winetest

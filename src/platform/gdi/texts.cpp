@@ -11,6 +11,12 @@ namespace {
 
 bool isAddress(std::string_view name) { return name.find("://") != std::string_view::npos; }
 
+// The library reads a name as UTF-8 when it can be read so, else in the ANSI code page.
+bool isUtf8(std::string_view text) {
+  return MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, text.data(),
+                             static_cast<int>(text.size()), nullptr, 0) > 0;
+}
+
 // The text in the ANSI code page, or nothing when a character is not in it.
 std::optional<std::string> toAnsi(const std::wstring& text) {
   if (text.empty()) return std::string();
@@ -42,20 +48,18 @@ std::wstring shortPath(const std::wstring& path) {
 std::string libraryFileName(std::string_view name) {
   if (isAddress(name)) return std::string(name);
   const std::wstring wide = toWide(name);
-  if (const auto ansi = toAnsi(wide)) return *ansi;
-  if (const std::wstring path = shortPath(wide); !path.empty()) {
-    if (const auto ansi = toAnsi(path)) return *ansi;
+  for (const std::wstring& spelling : {wide, shortPath(wide)}) {
+    const auto ansi = toAnsi(spelling);
+    if (ansi && !ansi->empty() && (*ansi == name || !isUtf8(*ansi))) return *ansi;
   }
-  // No such file, or a volume without short names: the library says that it is not there.
+  // No such file, or a volume without short names, where our library still finds it by this.
   return std::string(name);
 }
 
 std::string textToUtf8(std::string_view text) {
   if (text.empty()) return {};
+  if (isUtf8(text)) return std::string(text);
   const int bytes = static_cast<int>(text.size());
-  if (MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, text.data(), bytes, nullptr, 0) > 0) {
-    return std::string(text);
-  }
   const int length = MultiByteToWideChar(CP_ACP, 0, text.data(), bytes, nullptr, 0);
   if (length <= 0) return toUtf8(toWide(text));
   std::wstring wide(static_cast<std::size_t>(length), L'\0');
