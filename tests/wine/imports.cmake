@@ -1,4 +1,5 @@
 # The control must run on any Windows: it may import nothing that it would have to bring along.
+cmake_minimum_required(VERSION 3.25)
 execute_process(COMMAND ${OBJDUMP} -p ${LIBRARY} OUTPUT_VARIABLE description
   RESULT_VARIABLE status)
 if(NOT status EQUAL 0)
