@@ -47,7 +47,7 @@ void openDataSet(const std::string& name) {
       util::raise(util::kInputPastEnd);
   }
   int id = -1;
-  checked(NetCDF::library.nc_open(platform::libraryFileName(name).c_str(), NC_NOWRITE, &id));
+  checked(NetCDF::library.nc_open(name.c_str(), NC_NOWRITE, &id));
   ncf.NcId = id;
 }
 

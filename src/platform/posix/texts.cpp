@@ -56,10 +56,6 @@ void append(std::string& text, char16_t character) {
 
 }  // namespace
 
-std::string libraryFileName(std::string_view name) {
-  return std::string(name);
-}
-
 std::string textToUtf8(std::string_view text) {
   if (isUtf8(text)) return std::string(text);
   std::string result;

@@ -29,10 +29,4 @@ TEST(Texts, TakeOtherBytesAsTheAnsiCodePage) {
   for (const auto& [text, expected] : cases) EXPECT_EQ(platform::textToUtf8(text), expected);
 }
 
-TEST(Texts, PassAddressesAndPlainNamesToTheLibrary) {
-  for (const char* name : {"http://host/data/run1.nc", "run1.nc", ""}) {
-    EXPECT_EQ(platform::libraryFileName(name), name);
-  }
-}
-
 }  // namespace
