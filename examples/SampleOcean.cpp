@@ -7,9 +7,7 @@ namespace sample {
 namespace {
 
 // From 0 far below zero to 1 far above it, a half at zero.
-double rise(double x) {
-  return 0.5 * (1.0 + x / std::sqrt(1.0 + x * x));
-}
+double rise(double x) { return 0.5 * (1.0 + x / std::sqrt(1.0 + x * x)); }
 
 // 1 at the centre, falling to a quarter one radius away.
 double bump(double dx, double dy, double radius) {
@@ -47,12 +45,8 @@ double offshore(double lon, double lat) {
 
 }  // namespace
 
-double longitude(int i) {
-  return 284.0 + 0.125 * i;
-}
-double latitude(int j) {
-  return 30.0 + 0.125 * j;
-}
+double longitude(int i) { return 284.0 + 0.125 * i; }
+double latitude(int j) { return 30.0 + 0.125 * j; }
 
 double midMonth(int step) {
   constexpr std::array<double, kSteps> kMiddles = {15.5,  45.0,  75.5,  106.0, 136.5, 167.0,
@@ -103,8 +97,6 @@ double WaterColumn::salinity(double depth) const {
   return 34.95 + main + core - fresh;
 }
 
-double WaterColumn::seaLevel() const {
-  return (thermocline_ - 380.0) / 420.0 + 0.05 * season_;
-}
+double WaterColumn::seaLevel() const { return (thermocline_ - 380.0) / 420.0 + 0.05 * season_; }
 
 }  // namespace sample

@@ -17,9 +17,7 @@ double asWritten(float value) {
   return number;
 }
 
-Json textOrNull(const std::string& text) {
-  return text.empty() ? Json() : Json(text);
-}
+Json textOrNull(const std::string& text) { return text.empty() ? Json() : Json(text); }
 
 Json coordinateJson(const std::optional<DataSetFacts::Coordinate>& coordinate) {
   if (!coordinate) return nullptr;

@@ -27,9 +27,7 @@ void NewColorKey() {
   ColorKey.color.clear();
 }
 
-void UseColorKey(bool use) {
-  bUseKey = use && ColorKey.nDivision > 0 ? -1 : 0;
-}
+void UseColorKey(bool use) { bUseKey = use && ColorKey.nDivision > 0 ? -1 : 0; }
 
 platform::Colour KeyColour(float value) {
   for (int32_t i = 1; i <= ColorKey.nDivision; ++i) {

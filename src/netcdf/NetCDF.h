@@ -36,11 +36,10 @@ struct EntryPoints {
                            const std::ptrdiff_t* stride, short* values);
   int (*nc_get_vars_int)(int ncid, int varid, const std::size_t* start, const std::size_t* count,
                          const std::ptrdiff_t* stride, int* values);
-  int (*nc_get_vars_float)(int ncid, int varid, const std::size_t* start,
-                           const std::size_t* count, const std::ptrdiff_t* stride, float* values);
-  int (*nc_get_vars_double)(int ncid, int varid, const std::size_t* start,
-                            const std::size_t* count, const std::ptrdiff_t* stride,
-                            double* values);
+  int (*nc_get_vars_float)(int ncid, int varid, const std::size_t* start, const std::size_t* count,
+                           const std::ptrdiff_t* stride, float* values);
+  int (*nc_get_vars_double)(int ncid, int varid, const std::size_t* start, const std::size_t* count,
+                            const std::ptrdiff_t* stride, double* values);
   const char* (*nc_strerror)(int status);
 };
 

@@ -28,18 +28,10 @@ struct Owner {
   const char* typePiece;
 };
 
-std::string textOf(short value) {
-  return util::generalText(int32_t{value});
-}
-std::string textOf(int value) {
-  return util::generalText(int32_t{value});
-}
-std::string textOf(float value) {
-  return util::losslessText(value);
-}
-std::string textOf(double value) {
-  return util::losslessText(value);
-}
+std::string textOf(short value) { return util::generalText(int32_t{value}); }
+std::string textOf(int value) { return util::generalText(int32_t{value}); }
+std::string textOf(float value) { return util::losslessText(value); }
+std::string textOf(double value) { return util::losslessText(value); }
 
 template <class Number>
 std::string numbersText(int (*read)(int, int, const char*, Number*), int32_t variableId,

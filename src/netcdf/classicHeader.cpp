@@ -28,9 +28,7 @@ int64_t product(int64_t a, int64_t b) {
   if (b != 0 && a > kLargest / b) throw Broken{};
   return a * b;
 }
-int64_t padded(int64_t size) {
-  return sum(size, (4 - size % 4) % 4);
-}
+int64_t padded(int64_t size) { return sum(size, (4 - size % 4) % 4); }
 
 int64_t sizeOfType(int64_t type) {
   static constexpr std::array<int64_t, 12> kSizes = {0, 1, 1, 2, 4, 4, 8, 1, 2, 4, 8, 8};

@@ -107,9 +107,7 @@ float meanSpacing(const CoordinateValues& values) {
   return util::storeSingle(span / (count - 1));
 }
 
-bool ensureOpen() {
-  return isOpen() || NcReopen(1) > 0;
-}
+bool ensureOpen() { return isOpen() || NcReopen(1) > 0; }
 
 int32_t setGeographic() {
   const Grid grid = kindOfGrid();

@@ -128,9 +128,7 @@ int32_t identify() {
 
 }  // namespace
 
-int32_t IdentifyCoordinates() {
-  return runRoutine("IdentifyCoordinates", identify);
-}
+int32_t IdentifyCoordinates() { return runRoutine("IdentifyCoordinates", identify); }
 
 int32_t GridOrder(int32_t var) {
   if (ncf.grid_order == 0 && ncf.ncell_dId >= 0) return 0;

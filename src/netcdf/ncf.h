@@ -37,7 +37,7 @@ struct NcVar {
   int32_t ElemSize = 0;  // bytes; 0 for types above 6
   double ValidMin = 0;   // 0, 0: no valid range
   double ValidMax = 0;
-  double Missing = 0;    // 0: none known
+  double Missing = 0;  // 0: none known
   double Scale = 1;
   double Offset = 0;
   std::string Unit;

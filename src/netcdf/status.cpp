@@ -62,8 +62,6 @@ int32_t NcReopen(int32_t mode) {
   return result < 0 ? -1 : 1;
 }
 
-bool isOpen() {
-  return ncf.NcId >= 0;
-}
+bool isOpen() { return ncf.NcId >= 0; }
 
 }  // namespace ocxNetNc

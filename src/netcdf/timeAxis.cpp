@@ -18,9 +18,7 @@ constexpr int32_t kLastPlainYear = 3000;
 constexpr int32_t kYearShift = 2000;
 
 // The kind of a time unit: the first three letters of its word.
-std::string kindOfUnit() {
-  return ocxStrings::upper(ncf.time_unit.substr(0, 3));
-}
+std::string kindOfUnit() { return ocxStrings::upper(ncf.time_unit.substr(0, 3)); }
 
 // A time value as days, the unit's divisions one after another; nothing for a unit that is no
 // part of a day.
@@ -98,12 +96,8 @@ int32_t loadLevels() {
 
 }  // namespace
 
-int32_t LoadTimeAxis() {
-  return runRoutine("SetGeoWindow", loadTime) < 0 ? -1 : 1;
-}
-int32_t LoadVerticalAxis() {
-  return runRoutine("SetGeoWindow", loadLevels) < 0 ? -1 : 1;
-}
+int32_t LoadTimeAxis() { return runRoutine("SetGeoWindow", loadTime) < 0 ? -1 : 1; }
+int32_t LoadVerticalAxis() { return runRoutine("SetGeoWindow", loadLevels) < 0 ? -1 : 1; }
 
 util::Date TimeValueToDate(int32_t index) {
   if (index > ncf.ntime || !ncf.time_values.has(index)) return util::kDateZero;

@@ -26,9 +26,7 @@ void requireElements(const NcVar& variable, int64_t count) {
   if (elements != static_cast<double>(count)) util::raise(util::kSubscript);
 }
 
-int32_t dimensionLength(int32_t dimId) {
-  return ncf.NcDims(int64_t{dimId} + 1).Length;
-}
+int32_t dimensionLength(int32_t dimId) { return ncf.NcDims(int64_t{dimId} + 1).Length; }
 
 std::vector<double> readAxis(int32_t variable, int64_t count, const char* message,
                              const char* typePiece) {

@@ -17,16 +17,10 @@ Desktop*& current() {
 
 }  // namespace
 
-Desktop& desktop() {
-  return *current();
-}
+Desktop& desktop() { return *current(); }
 
-DesktopScope::DesktopScope(Desktop& newCurrent) : previous_(current()) {
-  current() = &newCurrent;
-}
+DesktopScope::DesktopScope(Desktop& newCurrent) : previous_(current()) { current() = &newCurrent; }
 
-DesktopScope::~DesktopScope() {
-  current() = previous_;
-}
+DesktopScope::~DesktopScope() { current() = previous_; }
 
 }  // namespace platform

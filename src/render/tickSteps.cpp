@@ -31,12 +31,8 @@ float step(float range, int32_t extra) {
 
 }  // namespace
 
-float DistanceStep(float range) {
-  return step(range, 0);
-}
+float DistanceStep(float range) { return step(range, 0); }
 
-float DepthStep(float range) {
-  return step(range, 1);
-}
+float DepthStep(float range) { return step(range, 1); }
 
 }  // namespace KelvaneMain

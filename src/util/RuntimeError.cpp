@@ -33,9 +33,7 @@ const char* describe(int number) {
 
 RuntimeError::RuntimeError(int number) : std::runtime_error(describe(number)), number_(number) {}
 
-void raise(int number) {
-  throw RuntimeError(number);
-}
+void raise(int number) { throw RuntimeError(number); }
 
 ErrorInfo currentError() {
   try {

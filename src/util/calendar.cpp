@@ -134,9 +134,7 @@ std::optional<double> readTimeOfDay(DateReader& reader) {
 
 }  // namespace
 
-bool isDate(Date date) {
-  return split(date).has_value();
-}
+bool isDate(Date date) { return split(date).has_value(); }
 
 Date checkedDate(double date) {
   if (!isDate(date)) raise(kOverflow);

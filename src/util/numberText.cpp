@@ -168,9 +168,7 @@ std::string signReserving(Real value) {
   return (value < 0 ? "" : " ") + general(value);
 }
 
-bool isDigit(char letter) {
-  return letter >= '0' && letter <= '9';
-}
+bool isDigit(char letter) { return letter >= '0' && letter <= '9'; }
 
 // The value of digits that no double can hold: too large, or too small to differ from 0.
 double beyondDouble(std::string_view digits) {
@@ -192,33 +190,17 @@ double beyondDouble(std::string_view digits) {
 
 }  // namespace
 
-std::string generalText(float value) {
-  return general(value);
-}
-std::string generalText(double value) {
-  return general(value);
-}
-std::string generalText(int32_t value) {
-  return std::to_string(value);
-}
+std::string generalText(float value) { return general(value); }
+std::string generalText(double value) { return general(value); }
+std::string generalText(int32_t value) { return std::to_string(value); }
 
-std::string losslessText(float value) {
-  return lossless(value);
-}
-std::string losslessText(double value) {
-  return lossless(value);
-}
+std::string losslessText(float value) { return lossless(value); }
+std::string losslessText(double value) { return lossless(value); }
 
-std::string signReservingText(float value) {
-  return signReserving(value);
-}
-std::string signReservingText(double value) {
-  return signReserving(value);
-}
+std::string signReservingText(float value) { return signReserving(value); }
+std::string signReservingText(double value) { return signReserving(value); }
 
-std::string patternText(float value, std::string_view pattern) {
-  return byPattern(value, pattern);
-}
+std::string patternText(float value, std::string_view pattern) { return byPattern(value, pattern); }
 std::string patternText(double value, std::string_view pattern) {
   return byPattern(value, pattern);
 }

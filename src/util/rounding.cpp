@@ -35,15 +35,9 @@ Integer storeExact(int64_t value) {
 
 }  // namespace
 
-int32_t roundToLong(double value) {
-  return store<int32_t>(nearest(value));
-}
-int16_t roundToInteger(double value) {
-  return store<int16_t>(nearest(value));
-}
-int32_t truncateToLong(double value) {
-  return store<int32_t>(std::trunc(value));
-}
+int32_t roundToLong(double value) { return store<int32_t>(nearest(value)); }
+int16_t roundToInteger(double value) { return store<int16_t>(nearest(value)); }
+int32_t truncateToLong(double value) { return store<int32_t>(std::trunc(value)); }
 
 float storeSingle(double value) {
   // The first magnitude that rounds to a single beyond the largest one.
@@ -52,14 +46,8 @@ float storeSingle(double value) {
   return static_cast<float>(value);
 }
 
-int32_t addLong(int32_t a, int32_t b) {
-  return storeExact<int32_t>(int64_t{a} + b);
-}
-int32_t multiplyLong(int32_t a, int32_t b) {
-  return storeExact<int32_t>(int64_t{a} * b);
-}
-int16_t addInteger(int16_t a, int16_t b) {
-  return storeExact<int16_t>(int64_t{a} + b);
-}
+int32_t addLong(int32_t a, int32_t b) { return storeExact<int32_t>(int64_t{a} + b); }
+int32_t multiplyLong(int32_t a, int32_t b) { return storeExact<int32_t>(int64_t{a} * b); }
+int16_t addInteger(int16_t a, int16_t b) { return storeExact<int16_t>(int64_t{a} + b); }
 
 }  // namespace util

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "platform/clipLine.h"
 #include "platform/cairo/drawableText.h"
+#include "platform/clipLine.h"
 #include "util/rounding.h"
 
 namespace platform {
@@ -118,9 +118,7 @@ float CairoPixelBox::TextWidth(std::string_view text) const {
   return lettering_.width(drawableText(text), Font);
 }
 
-float CairoPixelBox::TextHeight(std::string_view) const {
-  return lettering_.height(Font);
-}
+float CairoPixelBox::TextHeight(std::string_view) const { return lettering_.height(Font); }
 
 void CairoPixelBox::AndFrom(const PictureBox& source) {
   const auto& from = dynamic_cast<const CairoPixelBox&>(source);

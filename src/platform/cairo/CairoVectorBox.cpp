@@ -72,9 +72,7 @@ float CairoVectorBox::TextWidth(std::string_view text) const {
   return lettering_.width(drawableText(text), Font);
 }
 
-float CairoVectorBox::TextHeight(std::string_view) const {
-  return lettering_.height(Font);
-}
+float CairoVectorBox::TextHeight(std::string_view) const { return lettering_.height(Font); }
 
 void CairoVectorBox::AndFrom(const PictureBox& source) {
   const auto& from = dynamic_cast<const CairoVectorBox&>(source);

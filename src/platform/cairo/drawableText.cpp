@@ -9,9 +9,7 @@ namespace {
 
 constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
 
-bool isPlain(char c) {
-  return c >= ' ' && c <= '~';
-}
+bool isPlain(char c) { return c >= ' ' && c <= '~'; }
 
 uint32_t byteAt(std::string_view text, std::size_t place) {
   return static_cast<unsigned char>(text[place]);
@@ -44,9 +42,7 @@ bool isNoCharacter(uint32_t code) {
          (code & 0xFFFEU) == 0xFFFE;
 }
 
-bool isControl(uint32_t code) {
-  return code < 0x20 || (code >= 0x7F && code < 0xA0);
-}
+bool isControl(uint32_t code) { return code < 0x20 || (code >= 0x7F && code < 0xA0); }
 
 }  // namespace
 

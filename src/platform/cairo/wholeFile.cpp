@@ -18,9 +18,7 @@ namespace fs = std::filesystem;
   throw std::runtime_error("Cannot write \"" + path + "\": " + why.message());
 }
 
-std::error_code lastError() {
-  return {errno, std::generic_category()};
-}
+std::error_code lastError() { return {errno, std::generic_category()}; }
 
 // An error of the file system, or none.
 std::error_code writeTo(const fs::path& file, int flags, std::string_view contents) {

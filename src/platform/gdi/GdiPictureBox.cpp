@@ -184,9 +184,8 @@ bool GdiPictureBox::drawInto(HDC target, const RECT& rectangle) const {
   const BITMAPINFO info = bitmapInfo(width_, height_);
   const int mode = SetStretchBltMode(target, COLORONCOLOR);
   const int rows = StretchDIBits(target, rectangle.left, rectangle.top,
-                                 rectangle.right - rectangle.left,
-                                 rectangle.bottom - rectangle.top, 0, 0, width_, height_, pixels_,
-                                 &info, DIB_RGB_COLORS, SRCCOPY);
+                                 rectangle.right - rectangle.left, rectangle.bottom - rectangle.top,
+                                 0, 0, width_, height_, pixels_, &info, DIB_RGB_COLORS, SRCCOPY);
   if (mode != 0) SetStretchBltMode(target, mode);
   return rows != 0 && rows != static_cast<int>(GDI_ERROR);
 }

@@ -7,9 +7,12 @@ namespace {
 
 UINT iconFlags(MessageIcon icon) {
   switch (icon) {
-    case MessageIcon::Critical: return MB_ICONERROR;
-    case MessageIcon::Information: return MB_ICONINFORMATION;
-    case MessageIcon::None: break;
+    case MessageIcon::Critical:
+      return MB_ICONERROR;
+    case MessageIcon::Information:
+      return MB_ICONINFORMATION;
+    case MessageIcon::None:
+      break;
   }
   return 0;
 }

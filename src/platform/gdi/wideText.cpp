@@ -10,8 +10,7 @@ namespace {
 
 // The conversions count in int. A longer text is cut; nothing shows or names that much.
 int countOf(std::size_t length) {
-  return static_cast<int>(
-      std::min<std::size_t>(length, std::numeric_limits<int>::max() / 4));
+  return static_cast<int>(std::min<std::size_t>(length, std::numeric_limits<int>::max() / 4));
 }
 
 }  // namespace
