@@ -2,6 +2,7 @@
 
 #include <ole2.h>
 
+#include <algorithm>
 #include <cstring>
 
 #include "ComOwner.h"
@@ -112,10 +113,23 @@ Picture Form::shoot() const {
   RECT area = {};
   GetClientRect(window_, &area);
   return takePicture(area.right, area.bottom, [&](HDC dc) {
+    const int width = GetSystemMetrics(SM_CXSCREEN), height = GetSystemMetrics(SM_CYSCREEN);
+    // What lies outside the screen has no pixels; the control's window prints it instead.
+    if (area.right > width || area.bottom > height) printControl(dc);
     const HDC screen = GetDC(window_);
-    BitBlt(dc, 0, 0, area.right, area.bottom, screen, 0, 0, SRCCOPY);
+    BitBlt(dc, 0, 0, std::min<int>(area.right, width), std::min<int>(area.bottom, height), screen,
+           0, 0, SRCCOPY);
     ReleaseDC(window_, screen);
   });
+}
+
+void Form::printControl(HDC dc) const {
+  ComOwner<IOleWindow> place;
+  HWND window = nullptr;
+  require(control_->dispatch()->QueryInterface(IID_IOleWindow, place.receiveAny()),
+          "the control has no window");
+  require(place->GetWindow(&window), "the control has no window");
+  SendMessageW(window, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(dc), PRF_CLIENT);
 }
 
 Picture Form::oleDraw() const {

@@ -28,7 +28,8 @@ class Form {
   // Lets everything that waits in the queue happen.
   void pump();
 
-  // The form's client area as it is on the screen.
+  // The form's client area as it is on the screen; what does not fit there, as the control's
+  // window prints it.
   Picture shoot() const;
   // The same size, drawn by the control into a bitmap.
   Picture oleDraw() const;
@@ -39,6 +40,7 @@ class Form {
  private:
   static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wide, LPARAM longer);
   void attach(const std::wstring& progId);
+  void printControl(HDC dc) const;
 
   HWND window_ = nullptr;
   HWND site_ = nullptr;

@@ -28,10 +28,14 @@ void Body::resizeLater(int32_t width, int32_t height) {
 }
 
 void Body::applySize() noexcept {
-  if (!sizeWaits()) return;
+  if (width_ == wantedWidth_ && height_ == wantedHeight_) {
+    sizeWaits_ = false;
+    return;
+  }
   const KeptAlive alive(object_);
   const MemberCall call;
-  if (!call.entered()) return;
+  sizeWaits_ = !call.entered();
+  if (sizeWaits_) return;
   width_ = wantedWidth_;
   height_ = wantedHeight_;
   try {

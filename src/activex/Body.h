@@ -28,8 +28,10 @@ class Body {
   // The same, but not before the picture is wanted: by a member or for drawing.
   void resizeLater(int32_t width, int32_t height);
 
-  bool sizeWaits() const { return width_ != wantedWidth_ || height_ != wantedHeight_; }
+  // Takes the size that was last given. While a member runs it is put off, and then waits for
+  // the member's end.
   void applySize() noexcept;
+  bool sizeWaits() const { return sizeWaits_; }
 
  private:
   IUnknown& object_;
@@ -37,6 +39,7 @@ class Body {
   control::KelvaneCtl members_;
   int32_t width_ = 0, height_ = 0;
   int32_t wantedWidth_ = 0, wantedHeight_ = 0;
+  bool sizeWaits_ = false;
 };
 
 }  // namespace activex

@@ -22,10 +22,13 @@ MemberCall::MemberCall() : entered_(!running) { running = true; }
 MemberCall::~MemberCall() {
   if (!entered_) return;
   running = false;
-  // Each one found settles the others in turn, in its own call's end.
-  const auto waiting = std::find_if(bodies().begin(), bodies().end(),
-                                    [](const Body* body) { return body->sizeWaits(); });
-  if (waiting != bodies().end()) (*waiting)->applySize();
+  // A size given during the drawing at another one ends up here again; none is left waiting.
+  const auto waits = [](const Body* body) { return body->sizeWaits(); };
+  for (auto next = std::find_if(bodies().begin(), bodies().end(), waits);
+       next != bodies().end() && !running;
+       next = std::find_if(bodies().begin(), bodies().end(), waits)) {
+    (*next)->applySize();
+  }
 }
 
 void MemberCall::add(Body& body) { bodies().push_back(&body); }

@@ -129,7 +129,7 @@ TEST_F(OneForm, IsRedrawnAtEverySize) {
   Reference reference(600, 400);
   ASSERT_TRUE(reference.draw(file_, "temp", kAlongParallel.path, 1));
   for (const auto& [width, height] : {std::pair(300, 200), {801, 503}, {640, 60}, {60, 480},
-                                      {1, 1}, {0, 0}, {640, 480}}) {
+                                      {1, 1}, {0, 0}, {1500, 900}, {640, 480}}) {
     form.resize(width, height);
     reference.members().Resize(width, height);
     if (width == 0) continue;  // no pixel to compare
