@@ -34,3 +34,10 @@ say("UseColorKey of an empty key", control.UseColorKey);
 control.AddColorKey(0, 1, 255);
 control.UseColorKey = true;
 say("UseColorKey", control.UseColorKey);
+// What this version has not: a failure value or nothing, and the reason.
+say("KewFile", control.KewFile(folder + "\\vec1.kew"));
+say("ErrorMessage", control.ErrorMessage);
+control.InitColorKey();
+say("ErrorMessage", control.ErrorMessage);
+control.ShowOptions();
+say("ErrorMessage", control.ErrorMessage);

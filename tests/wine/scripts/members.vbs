@@ -58,3 +58,14 @@ Say "UseColorKey", control.UseColorKey
 control.UseColorKey = False
 Say "UseColorKey", control.UseColorKey
 Say "ErrorMessage", control.ErrorMessage
+' What this version has not: a failure value or nothing, and the reason.
+Say "KewFile", control.KewFile(folder & "\vec1.kew")
+Say "ErrorMessage", control.ErrorMessage
+Say "UseColorKey", control.UseColorKey
+control.InitColorKey
+Say "ErrorMessage", control.ErrorMessage
+control.ShowOptions
+Say "ErrorMessage", control.ErrorMessage
+control.DrawProfile = True
+Say "Draw", control.Draw
+Say "ErrorMessage", control.ErrorMessage
