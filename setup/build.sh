@@ -12,19 +12,14 @@ build_dir() {
   printf '%s/build/%s\n' "$KELVANE_ROOT" "$1"
 }
 
+# The options are those of CMakePresets.json.
 configure() {
-  local name=$1 options=()
-  case $name in
-    asan) options=(-DKELVANE_SANITIZE=ON) ;;
-    win32)
-      options=(-DCMAKE_TOOLCHAIN_FILE="$KELVANE_ROOT/cmake/mingw-i686.cmake"
-        -DCMAKE_CROSSCOMPILING_EMULATOR="$KELVANE_ROOT/setup/run-wine"
-        -DKELVANE_DEPS="$(deps_prefix i686)" -DKELVANE_WIDL_LIB="$(wine_modules)"
-        -DKELVANE_NATIVE_DIR="$(build_dir native)")
-      ;;
-  esac
-  cmake -G Ninja -S "$KELVANE_ROOT" -B "$(build_dir "$name")" -DCMAKE_BUILD_TYPE=Release \
-    -DCMAKE_C_COMPILER_LAUNCHER=ccache -DCMAKE_CXX_COMPILER_LAUNCHER=ccache "${options[@]}"
+  if [ "$1" = win32 ]; then
+    KELVANE_DEPS=$(deps_prefix i686)
+    KELVANE_WIDL_LIB=$(wine_modules)
+    export KELVANE_DEPS KELVANE_WIDL_LIB
+  fi
+  cmake -S "$KELVANE_ROOT" --preset "$1"
 }
 
 configure_and_build() {
