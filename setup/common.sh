@@ -4,6 +4,8 @@
 
 # shellcheck disable=SC2034
 KELVANE_ROOT=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd -P)
+# Services start without it, and Wine needs it too.
+export HOME=${HOME:-$(getent passwd "$(id -u)" | cut -d: -f6)}
 KELVANE_CACHE=${KELVANE_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/kelvane}
 KELVANE_LOGS=$KELVANE_ROOT/build/logs
 

@@ -8,16 +8,16 @@ Key ColorKey;
 int32_t bUseKey = 0;
 
 void AddColorKey(float low, float high, platform::Colour color) {
-  // The count is stored before the lists grow: after a failed load (-1) the range 1..0 then
-  // fails with the count at 0, and the next addition works.
   const int32_t count = util::addLong(ColorKey.nDivision, 1);
-  ColorKey.nDivision = count;
+  // After a failed load (-1) the range 1..0 fails with the count at 0, and the next addition works.
+  if (count < 1) ColorKey.nDivision = count;
   ColorKey.color.resizeKeeping(count);
   ColorKey.low.resizeKeeping(count);
   ColorKey.high.resizeKeeping(count);
   ColorKey.low(count) = low;
   ColorKey.high(count) = high;
   ColorKey.color(count) = color;
+  ColorKey.nDivision = count;
 }
 
 void NewColorKey() {

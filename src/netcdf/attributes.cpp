@@ -14,6 +14,10 @@
 namespace ocxNetNc {
 namespace {
 
+// The library finds an attribute by comparing all names: the time of reading them grows with the
+// square of their number. No writer of data comes near this one.
+constexpr int32_t kMostAttributes = 8192;
+
 struct Attribute {
   std::string name;
   int32_t type = 0;
@@ -148,6 +152,7 @@ void readAttributes(NcVar& variable, int32_t variableId) {
 void readGlobalAttributes() {
   int count = 0;
   checked(NetCDF::library.nc_inq_natts(ncf.NcId, &count));
+  if (count > kMostAttributes) util::raise(util::kOutOfMemory);
   ncf.NcNGAtts = count;
   ncf.NcGAttName.assign(count);
   ncf.NcGAttValue.assign(count);

@@ -209,7 +209,10 @@ class HeaderReader {
 };
 
 HeaderState check(const std::filesystem::path& path) {
-  if (!std::filesystem::is_regular_file(path)) return HeaderState::Sound;
+  const std::filesystem::file_status status = std::filesystem::status(path);
+  // Opening one of these would wait for somebody at the other end.
+  if (is_fifo(status) || is_socket(status)) return HeaderState::Broken;
+  if (!is_regular_file(status)) return HeaderState::Sound;
   const auto size = static_cast<int64_t>(std::filesystem::file_size(path));
   Source source(path, size);
   try {

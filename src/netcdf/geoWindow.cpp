@@ -80,13 +80,12 @@ void readDegrees(int32_t variable, int32_t type, CoordinateValues& values) {
 // Reads both lists as the type of the longitudes says; the library converts the latitudes.
 void loadCoordinates() {
   const NcVar& longitude = ncf.NcVars(ncf.lon_vId);
-  const NcVar& latitude = ncf.NcVars(ncf.lat_vId);
   if (longitude.Type != NC_FLOAT && longitude.Type != NC_DOUBLE) {
     throw DataProblem(typeMessage("Variable-Type of Geographical coodrinate(lon/lat) not expected:",
                                   longitude, "Tyep Number = "));
   }
-  requireElements(longitude, ncf.lon_values.size());
-  requireElements(latitude, ncf.lat_values.size());
+  requireElements(ncf.lon_vId, ncf.lon_values.size());
+  requireElements(ncf.lat_vId, ncf.lat_values.size());
   readDegrees(ncf.lon_vId, longitude.Type, ncf.lon_values);
   readDegrees(ncf.lat_vId, longitude.Type, ncf.lat_values);
 }

@@ -70,6 +70,11 @@ int32_t readScaled(int (*read)(int, int, const std::size_t*, const std::size_t*,
                                const std::ptrdiff_t*, Number*),
                    const Request& request) {
   const Hyperslab slab = hyperslabOf(request.variable, request.output.size());
+  // The file may have been replaced since it was catalogued, and the library takes a variable's
+  // rank from the file.
+  int rank = 0;
+  checked(NetCDF::library.nc_inq_varndims(request.ncfId, request.variableId, &rank));
+  if (rank != request.variable.NDims) util::raise(util::kSubscript);
   std::vector<Number> raw(static_cast<std::size_t>(request.output.size()));
   checked(read(request.ncfId, request.variableId, slab.start.data(), slab.count.data(),
                slab.stride.data(), raw.data()));

@@ -70,12 +70,18 @@ void makeLabels(const std::string& units) {
   ncf.first_time = util::readDate(ncf.first_time_label).value_or(util::kDateZero);
 }
 
+void requireRoom(int32_t values) {
+  if (values > kMostElements) util::raise(util::kOutOfMemory);
+}
+
 int32_t loadTime() {
   if (ncf.time_dId == -1 || dimensionLength(ncf.time_dId) < 1) return 1;
   ncf.ntime = dimensionLength(ncf.time_dId);
+  requireRoom(ncf.ntime);
+  // Before the reading: what fails there must not leave the values of an earlier data set.
+  ncf.time_values.assign(ncf.ntime);
   const std::vector<double> values = readAxis(
       ncf.time_vId, ncf.ntime, "Variable-Type of time coodrinate not expected:", "Type Number = ");
-  ncf.time_values.assign(ncf.ntime);
   std::copy(values.begin(), values.end(), ncf.time_values.begin());
   const std::string& units = ncf.NcVars(ncf.time_vId).Unit;
   readUnit(units);
@@ -86,10 +92,11 @@ int32_t loadTime() {
 int32_t loadLevels() {
   if (ncf.level_dId == -1 || dimensionLength(ncf.level_dId) < 1) return 1;
   ncf.nlevels = dimensionLength(ncf.level_dId);
+  requireRoom(ncf.nlevels);
+  ncf.level_values.assign(static_cast<std::size_t>(ncf.nlevels) + 1, 0.0);  // 0: the column's top
   const std::vector<double> depths =
       readAxis(ncf.level_vId, ncf.nlevels,
                "Variable-Type of vertical coodrinate not expected:", "Tyep Number = ");
-  ncf.level_values.assign(depths.size() + 1, 0.0);  // element 0 is the top of the column
   std::copy(depths.begin(), depths.end(), ncf.level_values.begin() + 1);
   return 1;
 }

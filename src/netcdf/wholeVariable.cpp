@@ -1,5 +1,7 @@
 #include "netcdf/wholeVariable.h"
 
+#include <array>
+
 #include "netcdf/NetCDF.h"
 #include "netcdf/routine.h"
 #include "util/RuntimeError.h"
@@ -17,11 +19,20 @@ std::vector<double> readAs(int (*read)(int, int, Number*), int32_t variable, int
 
 }  // namespace
 
-void requireElements(const NcVar& variable, int64_t count) {
+// The file is asked and not the catalogue: it may have been replaced since it was catalogued.
+void requireElements(int32_t variable, int64_t count) {
   if (count > kMostElements) util::raise(util::kOutOfMemory);
+  const NetCDF::EntryPoints& library = NetCDF::library;
+  int rank = 0;
+  checked(library.nc_inq_varndims(ncf.NcId, variable - 1, &rank));
+  std::array<int, NC_MAX_VAR_DIMS> dimIds{};
+  checked(library.nc_inq_vardimid(ncf.NcId, variable - 1, dimIds.data()));
   double elements = 1;
-  for (std::size_t position = 0; position < static_cast<std::size_t>(variable.NDims); ++position) {
-    elements *= dimensionLength(variable.DimId[position]);
+  for (std::size_t position = 0; position < static_cast<std::size_t>(rank); ++position) {
+    std::array<char, NC_MAX_NAME + 1> name{};
+    std::size_t length = 0;
+    checked(library.nc_inq_dim(ncf.NcId, dimIds[position], name.data(), &length));
+    elements *= static_cast<double>(length);
   }
   if (elements != static_cast<double>(count)) util::raise(util::kSubscript);
 }
@@ -35,7 +46,7 @@ std::vector<double> readAxis(int32_t variable, int64_t count, const char* messag
   if (record.Type < NC_SHORT || record.Type > NC_DOUBLE) {
     throw DataProblem(typeMessage(message, record, typePiece));
   }
-  requireElements(record, count);
+  requireElements(variable, count);
   switch (record.Type) {
     case NC_SHORT:
       return readAs(library.nc_get_var_short, variable, count);

@@ -8,9 +8,10 @@
 // Whole coordinate variables of the open data set. Every function throws (see routine.h).
 namespace ocxNetNc {
 
-// Run-time error 9 unless the variable has exactly so many elements: the library fills the
-// whole shape whatever the room. More than kMostElements is error 7.
-void requireElements(const NcVar& variable, int64_t count);
+// Run-time error 9 unless the variable (number from 1) has exactly so many elements in the file
+// as it is now: the library fills the whole shape whatever the room. More than kMostElements is
+// error 7.
+void requireElements(int32_t variable, int64_t count);
 
 // The length of a dimension (identifier from 0).
 int32_t dimensionLength(int32_t dimId);

@@ -6,18 +6,23 @@
 #include "netcdf/ncf.h"
 #include "render/plotFrame.h"
 #include "section/sectionPath.h"
+#include "section/sectionValues.h"
 #include "util/numberText.h"
 #include "util/rounding.h"
 
 namespace KelvaneMain {
 namespace {
 
+// How far from an edge, in axis lengths, a tick still stands on it.
+constexpr double kEdgeTolerance = 1e-6;
+
 // The coordinate at the axis ends.
 struct Edges {
   double left = 0, right = 0;
 };
 
-// Cell edges count from the first coordinate in mean spacings, as the path itself does.
+// Cell edges count from the first coordinate in mean spacings, as the path itself does; the axis
+// is as wide as the held blocks above it.
 Edges axisEdges(DegreeAxis axis) {
   const ocxNetNc::Ncf& ncf = ocxNetNc::ncf;
   const bool latitude = axis == DegreeAxis::Latitude;
@@ -26,7 +31,7 @@ Edges axisEdges(DegreeAxis axis) {
   const double origin = static_cast<double>(latitude ? ncf.lat_values(1) : ncf.lon_values(1));
   const double spacing = static_cast<double>(latitude ? ncf.dlat : ncf.dlon);
   const double left = origin + (index - 1.0) * spacing;
-  return {left, left + section.ncols * spacing};
+  return {left, left + section_values.ncols() * spacing};
 }
 
 // The multiples of a step between the edges, counted as multipliers; none when last < first.
@@ -64,7 +69,10 @@ std::vector<DegreeTick> degreeTicks(DegreeAxis axis, double slots) {
   }
   std::vector<DegreeTick> ticks;
   for (double m = multiples.first; m <= multiples.last; m += 1.0) {
-    ticks.push_back({util::storeSingle(m * step), (m * step - edges.left) / span});
+    // On a very fine grid the rounded quotients reach beyond the edges.
+    const double fraction = (m * step - edges.left) / span;
+    if (fraction < -kEdgeTolerance || fraction > 1.0 + kEdgeTolerance) continue;
+    ticks.push_back({util::storeSingle(m * step), fraction});
   }
   return ticks;
 }

@@ -47,8 +47,9 @@ void DrawCellBlocks(PictureBox& surface) {
 void DrawAxes(PictureBox& surface) {
   const SurfacePoint topLeft = WorldToSurface(plot.WorldX1, plot.WorldY2);
   const SurfacePoint bottomRight = WorldToSurface(plot.WorldX2, plot.WorldY1);
-  // A path without a length (none was ever built) has no distances to show.
-  if (settings.ShowDistanceAxis == 1 && section.section_length_km > 0.0) {
+  // A path without a column or a length (none was built, or the last one failed) has no distances
+  // to show under the held blocks.
+  if (settings.ShowDistanceAxis == 1 && section.ncols > 0 && section.section_length_km > 0.0) {
     const float length = util::storeSingle(section.section_length_km);
     const float unitsPerKm =
         util::storeSingle((asDouble(bottomRight.x) - asDouble(topLeft.x)) / asDouble(length));

@@ -6,6 +6,7 @@
 
 #include "util/RuntimeError.h"
 #include "util/ocxStrings.h"
+#include "util/rounding.h"
 
 namespace util {
 namespace {
@@ -34,7 +35,7 @@ std::optional<Split> split(Date date) {
   if (!(date >= kFirstDay && date < kLastDay + 1.0)) return std::nullopt;
   const double day = std::floor(date);
   Split parts{static_cast<int32_t>(day),
-              static_cast<int32_t>(std::floor((date - day) * kSecondsOfDay + 0.5))};
+              roundToLong((date - day) * kSecondsOfDay)};
   if (parts.second >= static_cast<int32_t>(kSecondsOfDay)) {
     ++parts.day;
     parts.second = 0;

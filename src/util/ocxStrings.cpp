@@ -5,6 +5,7 @@
 
 #include "util/RuntimeError.h"
 #include "util/numberText.h"
+#include "util/rounding.h"
 
 namespace ocxStrings {
 namespace {
@@ -25,7 +26,7 @@ int16_t split(std::string_view text, char separator, int32_t wanted, int32_t& st
   if (text.size() >= static_cast<std::size_t>(std::numeric_limits<int32_t>::max())) {
     util::raise(util::kOverflow);
   }
-  if (wanted < 1 || wanted > std::numeric_limits<int16_t>::max()) return 0;
+  if (wanted < 1) return 0;
   std::size_t position = end < 0 ? 0 : static_cast<std::size_t>(end);  // counted from 0
   int32_t found = 0;
   while (position < text.size()) {
@@ -33,7 +34,7 @@ int16_t split(std::string_view text, char separator, int32_t wanted, int32_t& st
     if (stop > position) {
       start = static_cast<int32_t>(position) + 1;
       end = static_cast<int32_t>(stop);
-      if (++found == wanted) return static_cast<int16_t>(found);
+      if (++found == wanted) return util::roundToInteger(found);
     }
     position = stop + 1;
   }

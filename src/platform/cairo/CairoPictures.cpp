@@ -10,7 +10,7 @@
 #include "platform/cairo/CairoPixelBox.h"
 #include "platform/cairo/CairoVectorBox.h"
 #include "platform/cairo/Lettering.h"
-#include "platform/cairo/drawableText.h"
+#include "platform/drawableText.h"
 #include "platform/cairo/wholeFile.h"
 #include "util/rounding.h"
 

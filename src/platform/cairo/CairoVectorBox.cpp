@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "platform/cairo/drawableText.h"
+#include "platform/drawableText.h"
 #include "platform/clipLine.h"
 #include "util/rounding.h"
 

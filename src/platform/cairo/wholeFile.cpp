@@ -62,6 +62,7 @@ void writeWholeFile(const std::string& path, std::string_view contents) {
   }
   const fs::path beside = nameBeside(target);
   failure = writeTo(beside, O_CREAT | O_EXCL, contents);
+  if (!failure && fs::exists(status)) fs::permissions(beside, status.permissions(), failure);
   if (!failure) fs::rename(beside, target, failure);
   if (!failure) return;
   std::error_code ignored;

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "platform/clipLine.h"
+#include "platform/drawableText.h"
 #include "platform/gdi/wideText.h"
 #include "util/rounding.h"
 
@@ -16,9 +17,8 @@ constexpr uint32_t kWhitePixel = 0x00FFFFFF;
 constexpr int32_t kLargestSide = 32767;
 constexpr int32_t kWidestLine = 1000;
 constexpr std::size_t kMostFonts = 16;
-// GDI computes with 27 bits, and takes no more characters than this in one call.
+// GDI computes with 27 bits.
 constexpr double kFarthest = 1e6;
-constexpr std::size_t kMostCharacters = 8192;
 
 uint32_t pixelOf(Colour colour) {
   const auto bits = static_cast<uint32_t>(colour);
@@ -27,11 +27,7 @@ uint32_t pixelOf(Colour colour) {
 
 COLORREF colorRef(Colour colour) { return static_cast<COLORREF>(colour) & 0x00FFFFFF; }
 
-std::wstring printable(std::string_view text) {
-  std::wstring wide = toWide(text);
-  if (wide.size() > kMostCharacters) wide.resize(kMostCharacters);
-  return wide;
-}
+std::wstring printable(std::string_view text) { return toWide(drawableText(text)); }
 
 int placeOf(float coordinate) {
   return util::roundToLong(std::clamp(asDouble(coordinate), -kFarthest, kFarthest));

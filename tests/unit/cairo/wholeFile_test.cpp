@@ -63,6 +63,16 @@ TEST(WholeFile, ALinkIsFollowed) {
   EXPECT_EQ(contentsOf(target), "new");
 }
 
+TEST(WholeFile, AReplacedFileKeepsItsPermissions) {
+  const support::TempFolder folder;
+  const std::string path = folder.file("private.png");
+  platform::writeWholeFile(path, "old");
+  fs::permissions(path, fs::perms::owner_read | fs::perms::owner_write);
+  platform::writeWholeFile(path, "new");
+  EXPECT_EQ(contentsOf(path), "new");
+  EXPECT_EQ(fs::status(path).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+}
+
 TEST(WholeFile, FailuresNameTheFileAndTheReason) {
   const support::TempFolder folder;
   platform::writeWholeFile(folder.file("file"), "old");

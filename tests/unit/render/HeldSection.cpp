@@ -61,14 +61,14 @@ void HeldSection::holdGrid(int32_t ncols, const std::vector<double>& depths) {
 
 void HeldSection::alongLatitude(int32_t ncols) {
   section.section_kind = kSameLatitude;
-  section.ncols = ncols;
+  holdGrid(ncols, {0, 50, 200});
   section.column_cells.clear();
   for (int32_t c = 1; c <= ncols; ++c) section.column_cells.push({c, 3});
 }
 
 void HeldSection::alongLongitude(int32_t ncols) {
   section.section_kind = kSameLongitude;
-  section.ncols = ncols;
+  holdGrid(ncols, {0, 50, 200});
   section.column_cells.clear();
   for (int32_t c = 1; c <= ncols; ++c) section.column_cells.push({3, c});
 }

@@ -59,6 +59,20 @@ TEST_F(DegreeTicksTest, ATickOnAnEdgeSurvivesTheSinglePrecisionOfTheStep) {
   EXPECT_FLOAT_EQ(found.back(), 0.9F);
 }
 
+TEST_F(DegreeTicksTest, NoTickStandsBeyondTheAxisOnAVeryFineGrid) {
+  row(338.1421F, 0.0002F, 2);
+  for (const DegreeTick& tick : degreeTicks(DegreeAxis::Longitude, 100)) {
+    EXPECT_GE(tick.fraction, -1e-6);
+    EXPECT_LE(tick.fraction, 1 + 1e-6);
+  }
+}
+
+TEST_F(DegreeTicksTest, TheAxisIsAsWideAsTheHeldBlocks) {
+  row(0, 1, 10);
+  section.ncols = 2;  // a new path that has not been read
+  EXPECT_EQ(values(8), (Values{0, 5, 10}));
+}
+
 TEST_F(DegreeTicksTest, TheFirstColumnSetsTheLeftEdge) {
   row(100, 2, 5);
   for (Cell& cell : section.column_cells) cell.i += 10;

@@ -58,6 +58,10 @@ TEST(NextField, AnswersZeroWhenTheTextEndsFirst) {
 
 TEST(NextField, LeavesTheLastFieldPassedWhenNotFound) {
   int32_t start = 0, end = 0;
+  EXPECT_EQ(ocxStrings::NextField("a b", 40000, start, end), 0);
+  EXPECT_EQ(start, 3);
+  EXPECT_EQ(end, 3);
+  start = end = 0;
   EXPECT_EQ(ocxStrings::NextField("10 20", 3, start, end), 0);
   EXPECT_EQ(start, 4);
   EXPECT_EQ(end, 5);

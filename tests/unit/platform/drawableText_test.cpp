@@ -1,4 +1,4 @@
-#include "platform/cairo/drawableText.h"
+#include "platform/drawableText.h"
 
 #include <gtest/gtest.h>
 
@@ -36,6 +36,14 @@ TEST(DrawableText, IsWhatCairoAccepts) {
       {"\xF8\x88\x80\x80", REPLACED REPLACED REPLACED REPLACED},
   };
   for (const Row& row : rows) EXPECT_EQ(platform::drawableText(row.text), row.drawable);
+}
+
+TEST(DrawableText, IsCutAfter8192Characters) {
+  EXPECT_EQ(platform::drawableText(std::string(8192, 'a')), std::string(8192, 'a'));
+  EXPECT_EQ(platform::drawableText(std::string(10'000'000, 'a')), std::string(8192, 'a'));
+  std::string waves;
+  for (int i = 0; i < 9000; ++i) waves += "\xF0\x9F\x8C\x8A";
+  EXPECT_EQ(platform::drawableText(waves), waves.substr(0, 4 * 8192));
 }
 
 }  // namespace

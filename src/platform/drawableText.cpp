@@ -1,4 +1,4 @@
-#include "platform/cairo/drawableText.h"
+#include "platform/drawableText.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -7,6 +7,7 @@
 namespace platform {
 namespace {
 
+constexpr std::size_t kMostCharacters = 8192;
 constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
 
 bool isPlain(char c) { return c >= ' ' && c <= '~'; }
@@ -47,9 +48,13 @@ bool isControl(uint32_t code) { return code < 0x20 || (code >= 0x7F && code < 0x
 }  // namespace
 
 std::string drawableText(std::string_view text) {
-  if (std::all_of(text.begin(), text.end(), isPlain)) return std::string(text);
+  // No character has more than four bytes.
+  text = text.substr(0, 4 * kMostCharacters);
+  if (text.size() <= kMostCharacters && std::all_of(text.begin(), text.end(), isPlain)) {
+    return std::string(text);
+  }
   std::string drawable;
-  while (!text.empty()) {
+  for (std::size_t count = 0; !text.empty() && count < kMostCharacters; ++count) {
     const Character character = readCharacter(text);
     const std::size_t length = std::max<std::size_t>(character.length, 1);
     if (character.length == 0 || isNoCharacter(character.code)) {
