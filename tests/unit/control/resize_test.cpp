@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "section/drawItems.h"
 #include "unit/control/ControlTest.h"
 
@@ -53,6 +55,20 @@ TEST_F(Resizing, DrawsOnceForEachChangeOfSize) {
   EXPECT_EQ(drawings(), 2U);
   control.Resize(600, 201);
   EXPECT_EQ(drawings(), 3U);
+}
+
+TEST_F(Resizing, RepaintsTheHeldSectionAfterAPathThatFailed) {
+  ASSERT_NO_FATAL_FAILURE(openAlongLatitude());
+  control.Draw();
+  ASSERT_EQ(sectionThrough({{0, 0}, {0.2F, 0.1F}}), -1);
+  const std::string reason = control.ErrorMessage();
+  boxes.forget();
+  control.Resize(601, 400);
+  EXPECT_EQ(control.ErrorMessage(), reason);
+  EXPECT_FALSE(boxes.picSection.of(Kind::Line).empty());  // ticks of the depth axis
+  const auto texts = boxes.picSection.texts();
+  EXPECT_NE(std::find(texts.begin(), texts.end(), "0 m"), texts.end());
+  EXPECT_EQ(boxes.picSection.of(Kind::Box).size(), 58U);  // 4 columns x 2 and the legend
 }
 
 TEST_F(Resizing, DrawsNothingWithoutAPixel) {

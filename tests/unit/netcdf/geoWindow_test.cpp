@@ -106,6 +106,17 @@ TEST_F(GeoWindowTest, LoadsTheVectorSet) {
   EXPECT_TRUE(desktop.messages.empty());
 }
 
+// The writer of a data set may replace it after it was catalogued.
+TEST_F(GeoWindowTest, RefusesAxesThatHaveGrown) {
+  makeGrid(file(), NC_FLOAT, NC_FLOAT, {1, 2}, {1, 2});
+  identify();
+  ocxNetNc::NcClose();
+  makeGrid(file(), NC_FLOAT, NC_FLOAT, std::vector<double>(100'000, 1.0), {1, 2});
+  EXPECT_EQ(SetGeoWindow(), -1);
+  EXPECT_EQ(util::LastError, "[SetGeoWindow] Error: Subscript out of range");
+  EXPECT_FALSE(ocxNetNc::isOpen());
+}
+
 TEST_F(GeoWindowTest, RoundsDoublesToSingles) {
   makeGrid(file(), NC_DOUBLE, NC_SHORT, {0.1, 0.2}, {1, 2});
   identify();

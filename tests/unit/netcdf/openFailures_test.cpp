@@ -164,6 +164,18 @@ TEST_F(OpenFailuresTest, LimitsVariablesToFifteenAttributes) {
   }
 }
 
+TEST_F(OpenFailuresTest, LimitsGlobalAttributesTo8192) {
+  for (const int count : {8192, 8193}) {
+    {
+      NcMaker nc(file());
+      for (int i = 0; i < count; ++i) nc.text(NC_GLOBAL, "a" + std::to_string(i), "x");
+      nc.close();
+    }
+    EXPECT_EQ(OpenCatalogue(file(), 1), count == 8192 ? 1 : -1);
+  }
+  EXPECT_EQ(util::LastError, "[OpenCatalogue] Error: Out of memory");
+}
+
 TEST_F(OpenFailuresTest, RefusesAttributesOfNewerTypes) {
   for (int type = NC_UBYTE; type <= NC_UINT64; ++type) {
     const std::string number = std::to_string(type);

@@ -4,6 +4,8 @@
 #include <limits>
 
 #include "NcTest.h"
+#include "netcdf/status.h"
+#include "util/lastError.h"
 
 namespace {
 
@@ -195,6 +197,22 @@ TEST_F(ReaderTest, RefusesAHyperslabThatDoesNotFit) {
     EXPECT_EQ(read(1, c.total), -1);
     expectQuietFailure("[nc_get_varas_any] Error: Subscript out of range");
   }
+}
+
+// The writer of a data set may replace it between the catalogue and a read.
+TEST_F(ReaderTest, RefusesAVariableThatHasGrownDimensions) {
+  ASSERT_EQ(readAll(NC_FLOAT, {1, 2}), 2);
+  ocxNetNc::NcClose();
+  {
+    NcMaker nc(file());
+    std::vector<int> dims;
+    for (const char* name : {"a", "b", "c", "d", "e", "f"}) dims.push_back(nc.dim(name, 2));
+    nc.put(nc.var("v", NC_FLOAT, dims), std::vector<double>(64, 1.0));
+    nc.close();
+  }
+  ASSERT_EQ(ocxNetNc::NcReopen(1), 1);
+  EXPECT_EQ(read(1, 2), -1);
+  EXPECT_EQ(util::LastError, "[nc_get_varas_any] Error: Subscript out of range");
 }
 
 TEST_F(ReaderTest, RefusesTypesItCannotRead) {
