@@ -117,15 +117,23 @@ void drawSection(host::Object& control, const Command& command) {
   if (after != before) throw host::HostError(E_FAIL, host::narrow(after));
 }
 
+// Some failures, of drawing above all, are told only in a message box.
+void mustBeQuiet(const host::BoxAnswerer& answerer) {
+  if (answerer.boxes().empty()) return;
+  throw host::HostError(E_FAIL, host::narrow(answerer.boxes().front().text));
+}
+
 host::Picture onForm(const Command& command) {
   host::Form form(kProgId, command.sizes[0].width, command.sizes[0].height);
   drawSection(form.control(), command);
   for (const Size& size : command.sizes) form.resize(size.width, size.height);
   form.pump();
+  mustBeQuiet(form.answerer());
   return form.shoot();
 }
 
 host::Picture withoutForm(const Command& command) {
+  const host::BoxAnswerer answerer;  // without a form, too, nobody sits at the boxes
   CLSID id = {};
   host::ComOwner<IUnknown> made;
   host::require(CLSIDFromProgID(kProgId, &id), "Kelvane.KelvaneCtl is not registered");
@@ -136,7 +144,9 @@ host::Picture withoutForm(const Command& command) {
   const auto [width, height] = command.sizes[0];
   host::setExtent(control, width, height);
   drawSection(control, command);
-  return host::drawWithoutForm(control, width, height);
+  const host::Picture picture = host::drawWithoutForm(control, width, height);
+  mustBeQuiet(answerer);
+  return picture;
 }
 
 int run(const std::vector<std::wstring>& arguments) {

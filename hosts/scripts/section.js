@@ -1,7 +1,10 @@
 // Opens a data set, lists what can be drawn in it, and draws a section of it.
-//   cscript //nologo section.js FILE ["lon,lat lon,lat ..." [VARIABLE]]
-var control = new ActiveXObject("Kelvane.KelvaneCtl");
 var given = WScript.Arguments;
+if (given.length < 1) {
+  WScript.Echo('usage: cscript //nologo section.js FILE ["lon,lat lon,lat ..." [VARIABLE]]');
+  WScript.Quit(2);
+}
+var control = new ActiveXObject("Kelvane.KelvaneCtl");
 
 function must(result) {
   if (result == 1) return;
@@ -11,7 +14,7 @@ function must(result) {
 
 must(control.NcFile(given(0)));
 for (var i = 1; i <= control.NumDrawAbleItems; ++i) WScript.Echo(i + " " + control.ItemName(i));
-var corners = (given.length > 1 ? given(1) : "285.25,32 295.5,36.5").split(" ");
+var corners = (given.length > 1 ? given(1) : "285.25,32 292.75,35.1").split(" ");
 control.NewSection();
 for (var c = 0; c < corners.length; ++c) {
   var place = corners[c].split(",");

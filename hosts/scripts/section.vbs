@@ -1,18 +1,16 @@
-' Opens a data set, lists what can be drawn in it, and draws its first variable along a path.
-'   cscript //nologo section.vbs FILE
-Set control = CreateObject("Kelvane.KelvaneCtl")
-If control.NcFile(WScript.Arguments(0)) <> 1 Then Fail
-For i = 1 To control.NumDrawAbleItems
-  WScript.Echo i & " " & control.ItemName(i)
-Next
-control.NewSection
-control.AddSection 285.25, 32     ' longitude, latitude: the path's corners
-control.AddSection 295.5, 36.5
-If control.EndSection <> 1 Then Fail
-control.Draw
-WScript.Echo "drawn"
+' Opens a data set, lists what can be drawn in it, and draws its temperature along a path.
+If WScript.Arguments.Count < 1 Then
+  WScript.Echo "usage: cscript //nologo section.vbs FILE"
+  WScript.Quit 2
+End If
 
-Sub Fail
-  WScript.Echo control.ErrorMessage
-  WScript.Quit 1
-End Sub
+Set section = CreateObject("Kelvane.KelvaneCtl")
+If section.NcFile(WScript.Arguments(0)) <> 1 Then WScript.Echo section.ErrorMessage : WScript.Quit 1
+For i = 1 To section.NumDrawAbleItems : WScript.Echo i & " " & section.ItemName(i) : Next
+section.NewSection
+section.AddSection 285.25, 32    ' longitude, latitude: the path's corners
+section.AddSection 292.75, 35.1
+If section.EndSection <> 1 Then WScript.Echo section.ErrorMessage : WScript.Quit 1
+If section.SetVarByName("temp") <> 1 Then WScript.Echo section.ErrorMessage : WScript.Quit 1
+section.Draw
+WScript.Echo "drawn"

@@ -11,6 +11,7 @@ Activation::Activation(IUnknown& object, Instance& instance)
 
 HRESULT Activation::activate(bool ui) {
   if (!instance_.clientSite) return E_UNEXPECTED;
+  if (window_.lost()) deactivate();  // so that there is a new one
   if (!active()) {
     const auto site = instance_.clientSite.as<IOleInPlaceSite>();
     if (!site || site->CanInPlaceActivate() != S_OK) return E_FAIL;
@@ -35,6 +36,7 @@ HRESULT Activation::enterSite(const ComPtr<IOleInPlaceSite>& site) {
     result =
         site->GetWindowContext(frame_.receive(), document_.receive(), &place, &clip, &info);
   }
+  if (!active()) result = E_FAIL;  // the host took the control down while it was asked
   if (SUCCEEDED(result) && !window_.create(parent, place)) result = E_FAIL;
   if (FAILED(result)) {
     deactivate();
@@ -71,13 +73,12 @@ void Activation::deactivateUi() {
 
 void Activation::deactivate() {
   deactivateUi();
-  if (!active()) return;
   const ComPtr<IOleInPlaceSite> site = site_;
   site_.reset();
   window_.destroy();
   frame_.reset();
   document_.reset();
-  site->OnInPlaceDeactivate();
+  if (site) site->OnInPlaceDeactivate();
 }
 
 void Activation::setRects(const RECT& place, const RECT& clip) {

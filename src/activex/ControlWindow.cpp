@@ -27,6 +27,7 @@ bool ControlWindow::create(HWND parent, const RECT& place) {
 
 void ControlWindow::destroy() {
   if (window_ != nullptr) DestroyWindow(window_);
+  lost_ = false;
   // The class goes with its last window, or else it would outlive the library.
   UnregisterClassW(kClassName, moduleHandle());
 }
@@ -67,6 +68,7 @@ LRESULT CALLBACK ControlWindow::procedure(HWND window, UINT message, WPARAM wide
   if (message == WM_NCDESTROY) {
     SetWindowLongPtrW(window, GWLP_USERDATA, 0);
     self->window_ = nullptr;
+    self->lost_ = true;
     return DefWindowProcW(window, message, wide, longer);
   }
   LRESULT answer = 0;

@@ -33,6 +33,8 @@ class ControlWindow {
   void repaint();
 
   HWND handle() const { return window_; }
+  // The window is gone, and it was not destroy() that did it.
+  bool lost() const { return lost_; }
 
  private:
   static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wide, LPARAM longer);
@@ -42,6 +44,7 @@ class ControlWindow {
   IUnknown& object_;
   WindowEvents& events_;
   HWND window_ = nullptr;
+  bool lost_ = false;
 };
 
 }  // namespace activex

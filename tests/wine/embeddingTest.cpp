@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-
 #include <ocidl.h>
 
 #include <vector>
@@ -30,8 +29,8 @@ TEST_F(Embedding, TellsWhatItIs) {
 }
 
 TEST_F(Embedding, WithoutASiteStaysInactive) {
-  for (const LONG verb : {OLEIVERB_PRIMARY, OLEIVERB_SHOW, OLEIVERB_INPLACEACTIVATE,
-                          OLEIVERB_UIACTIVATE, 5L}) {
+  for (const LONG verb :
+       {OLEIVERB_PRIMARY, OLEIVERB_SHOW, OLEIVERB_INPLACEACTIVATE, OLEIVERB_UIACTIVATE, 5L}) {
     EXPECT_TRUE(FAILED(control_.ole()->DoVerb(verb, nullptr, nullptr, 0, nullptr, nullptr)));
   }
   EXPECT_EQ(control_.ole()->DoVerb(OLEIVERB_HIDE, nullptr, nullptr, 0, nullptr, nullptr), S_OK);
@@ -44,6 +43,92 @@ TEST_F(Embedding, WithoutASiteStaysInactive) {
   EXPECT_EQ(inPlace->InPlaceDeactivate(), S_OK);
   const RECT place = {0, 0, 10, 10};
   EXPECT_TRUE(FAILED(inPlace->SetObjectRects(&place, &place)));
+}
+
+// A host that takes the control down while the control asks where it shall be.
+class HastySite final : public IOleClientSite, public IOleInPlaceSite {
+ public:
+  HastySite(IOleInPlaceObject& control, HWND parent) : control_(control), parent_(parent) {}
+
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
+    *object = nullptr;
+    if (id == IID_IUnknown || id == IID_IOleClientSite)
+      *object = static_cast<IOleClientSite*>(this);
+    if (id == IID_IOleInPlaceSite) *object = static_cast<IOleInPlaceSite*>(this);
+    return *object != nullptr ? S_OK : E_NOINTERFACE;
+  }
+  ULONG STDMETHODCALLTYPE AddRef() override { return 2; }  // it lives as long as its test
+  ULONG STDMETHODCALLTYPE Release() override { return 1; }
+
+  HRESULT STDMETHODCALLTYPE SaveObject() override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE GetMoniker(DWORD, DWORD, IMoniker**) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE GetContainer(IOleContainer**) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE ShowObject() override { return S_OK; }
+  HRESULT STDMETHODCALLTYPE OnShowWindow(BOOL) override { return S_OK; }
+  HRESULT STDMETHODCALLTYPE RequestNewObjectLayout() override { return E_NOTIMPL; }
+
+  HRESULT STDMETHODCALLTYPE GetWindow(HWND* window) override {
+    *window = parent_;
+    return S_OK;
+  }
+  HRESULT STDMETHODCALLTYPE ContextSensitiveHelp(BOOL) override { return S_OK; }
+  HRESULT STDMETHODCALLTYPE CanInPlaceActivate() override { return S_OK; }
+  HRESULT STDMETHODCALLTYPE OnInPlaceActivate() override {
+    ++stays;
+    return S_OK;
+  }
+  HRESULT STDMETHODCALLTYPE OnUIActivate() override { return S_OK; }
+  HRESULT STDMETHODCALLTYPE GetWindowContext(IOleInPlaceFrame** frame,
+                                             IOleInPlaceUIWindow** document, LPRECT place,
+                                             LPRECT clip, LPOLEINPLACEFRAMEINFO) override {
+    *frame = nullptr;
+    *document = nullptr;
+    *place = *clip = {0, 0, 100, 100};
+    if (hasty) control_.InPlaceDeactivate();
+    return S_OK;
+  }
+  HRESULT STDMETHODCALLTYPE Scroll(SIZE) override { return S_OK; }
+  HRESULT STDMETHODCALLTYPE OnUIDeactivate(BOOL) override { return S_OK; }
+  HRESULT STDMETHODCALLTYPE OnInPlaceDeactivate() override {
+    --stays;
+    return S_OK;
+  }
+  HRESULT STDMETHODCALLTYPE DiscardUndoState() override { return S_OK; }
+  HRESULT STDMETHODCALLTYPE DeactivateAndUndo() override { return S_OK; }
+  HRESULT STDMETHODCALLTYPE OnPosRectChange(LPCRECT) override { return S_OK; }
+
+  bool hasty = true;
+  int stays = 0;
+
+ private:
+  IOleInPlaceObject& control_;
+  HWND parent_;
+};
+
+TEST_F(Embedding, StaysDownWhenTheHostTakesItDownMeanwhile) {
+  ComOwner<IOleInPlaceObject> inPlace;
+  ASSERT_NE(control_.as(inPlace), nullptr);
+  const HWND parent = CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 100, 100, nullptr, nullptr,
+                                      nullptr, nullptr);
+  ASSERT_NE(parent, nullptr);
+  HastySite site(*inPlace.get(), parent);
+  EXPECT_EQ(control_.ole()->SetClientSite(&site), S_OK);
+  HWND window = nullptr;
+  for (const LONG verb : {OLEIVERB_SHOW, OLEIVERB_UIACTIVATE}) {
+    EXPECT_EQ(control_.ole()->DoVerb(verb, nullptr, &site, 0, parent, nullptr), E_FAIL);
+    EXPECT_EQ(inPlace->GetWindow(&window), E_FAIL);
+    EXPECT_EQ(GetWindow(parent, GW_CHILD), nullptr);
+    EXPECT_EQ(site.stays, 0);
+  }
+  site.hasty = false;
+  EXPECT_EQ(control_.ole()->DoVerb(OLEIVERB_SHOW, nullptr, &site, 0, parent, nullptr), S_OK);
+  EXPECT_EQ(inPlace->GetWindow(&window), S_OK);
+  EXPECT_EQ(GetWindow(parent, GW_CHILD), window);
+  EXPECT_EQ(site.stays, 1);
+  EXPECT_EQ(control_.ole()->SetClientSite(nullptr), S_OK);
+  EXPECT_EQ(GetWindow(parent, GW_CHILD), nullptr);
+  EXPECT_EQ(site.stays, 0);
+  DestroyWindow(parent);
 }
 
 TEST_F(Embedding, EndsAsOftenAsAsked) {

@@ -174,6 +174,9 @@ TEST_F(FormHost, MayDropTheControlAnyWay) {
     DestroyWindow(windowOf(form));
     EXPECT_EQ(windowOf(form), nullptr);
     form.control().call(L"ReDraw");
+    EXPECT_EQ(doVerb(form, OLEIVERB_SHOW), S_OK);  // it comes back with a new one
+    ASSERT_NE(windowOf(form), nullptr);
+    EXPECT_TRUE(IsWindowVisible(windowOf(form)));
   }
   EXPECT_EQ(library.canUnloadNow(), S_OK);
   {  // The object outlives its form.
@@ -231,12 +234,26 @@ TEST_F(FormProgram, WritesPictures) {
 
 TEST_F(FormProgram, TellsWhatIsWrong) {
   const std::wstring rest = L" temp \"350,0 358,0\" 1 600x400 \"" + file("out.png") + L"\"";
-  Outcome outcome = run(L"draw \"" + file("missing.nc") + L"\"" + rest);
-  EXPECT_EQ(outcome.status, 1U);
-  EXPECT_EQ(outcome.output, "kelvane-form: No such file or directory\n");
+  Outcome outcome;
+  for (const std::wstring command : {L"draw", L"oledraw"}) {
+    outcome = run(command + L" \"" + file("missing.nc") + L"\"" + rest);
+    EXPECT_TRUE(outcome.ended);
+    EXPECT_EQ(outcome.status, 1U);
+    EXPECT_EQ(outcome.output, "kelvane-form: No such file or directory\n");
+  }
   outcome = run(L"draw \"" + file("vec1.nc") + L"\" nosuch \"350,0 358,0\" 1 600x400 x.png");
   EXPECT_EQ(outcome.status, 1U);
   EXPECT_EQ(outcome.output, "kelvane-form: [SelectVarByName] nc varable not identified\n");
+  // No room for the axes: the drawing says so in a box only.
+  for (const std::wstring command : {L"draw", L"oledraw"}) {
+    outcome = run(command + L" \"" + file("vec1.nc") + L"\" temp \"350,0 358,0\" 1 1x1 \"" +
+                  file("small.png") + L"\"");
+    EXPECT_TRUE(outcome.ended);
+    EXPECT_EQ(outcome.status, 1U);
+    EXPECT_EQ(outcome.output,
+              "kelvane-form: [Cartesian] screen size out of rangepwidth, phight = -83-77\n");
+    EXPECT_EQ(pngSize("small.png"), "");
+  }
   EXPECT_EQ(run(L"draw").status, 2U);
   EXPECT_EQ(run(L"draw a b \"1,2 3\" 1 600x400 x.png").status, 2U);
   EXPECT_EQ(run(L"draw a b \"1,2 3,4\" 1 600by400 x.png").status, 2U);
