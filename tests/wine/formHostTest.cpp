@@ -195,7 +195,8 @@ TEST_F(FormHost, MayDropTheControlAnyWay) {
 class FormProgram : public FormHost {
  protected:
   Outcome run(const std::wstring& arguments) {
-    return runProgram(L"\"" + programFolder() + L"\\..\\..\\kelvane-form.exe\" " + arguments);
+    return runProgram(L"\"" + programFolder() + L"\\..\\..\\kelvane-form.exe\" " + arguments,
+                      Boxes::LeftAlone);
   }
   // Width and height of a PNG, or empty.
   std::string pngSize(const std::string& name) {

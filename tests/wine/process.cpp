@@ -10,7 +10,7 @@
 namespace winetest {
 namespace {
 
-constexpr DWORD kPoll = 20;
+constexpr DWORD kPoll = 20, kLimit = 60'000;  // milliseconds
 
 std::string textOf(HWND window) {
   wchar_t text[2048] = {};
@@ -45,7 +45,7 @@ struct Handle {
 
 }  // namespace
 
-Outcome runProgram(const std::wstring& commandLine, unsigned seconds) {
+Outcome runProgram(const std::wstring& commandLine, Boxes boxes) {
   wchar_t folder[MAX_PATH] = {}, path[MAX_PATH] = {};
   GetTempPathW(MAX_PATH, folder);
   GetTempFileNameW(folder, L"klv", 0, path);
@@ -65,9 +65,10 @@ Outcome runProgram(const std::wstring& commandLine, unsigned seconds) {
       throw std::runtime_error("cannot run " + host::narrow(commandLine));
     }
     const Handle thread(process.hThread), running(process.hProcess);
-    for (unsigned waited = 0; waited < seconds * 1000 && !outcome.ended; waited += kPoll) {
+    for (unsigned waited = 0; waited < kLimit && !outcome.ended; waited += kPoll) {
       outcome.ended = WaitForSingleObject(running.handle, kPoll) == WAIT_OBJECT_0;
-      if (!outcome.ended) EnumWindows(answer, reinterpret_cast<LPARAM>(&outcome.boxes));
+      if (outcome.ended || boxes == Boxes::LeftAlone) continue;
+      EnumWindows(answer, reinterpret_cast<LPARAM>(&outcome.boxes));
     }
     if (!outcome.ended) TerminateProcess(running.handle, 1);
     WaitForSingleObject(running.handle, 5000);

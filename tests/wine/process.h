@@ -22,8 +22,11 @@ struct Outcome {
   std::vector<SeenBox> boxes;
 };
 
-// Runs a program and waits for its end. Message boxes that appear meanwhile are remembered and
-// answered with OK.
-Outcome runProgram(const std::wstring& commandLine, unsigned seconds = 60);
+// Who answers the message boxes of a program: this process, which remembers them and says OK, or
+// the program itself.
+enum class Boxes { AnsweredHere, LeftAlone };
+
+// Runs a program and waits for its end.
+Outcome runProgram(const std::wstring& commandLine, Boxes boxes = Boxes::AnsweredHere);
 
 }  // namespace winetest
