@@ -29,6 +29,28 @@ class Opening : public ControlTest {
     std::filesystem::resize_file(path, bytes);
     return path;
   }
+  // A small set that opens; each test spoils one thing.
+  struct Recipe {
+    std::string name = "spoilt.nc", lonUnits = "degrees_east", level = "depth";
+    std::vector<double> lons = {5, 6};
+  };
+  std::string spoiltSet(const Recipe& recipe) const {
+    const std::string path = folder.file(recipe.name);
+    support::NcMaker nc(path);
+    const int t = nc.dim("time", 1), z = nc.dim(recipe.level, 2);
+    const int y = nc.dim("lat", 2), x = nc.dim("lon", recipe.lons.size());
+    const int ts = nc.var("time", NC_DOUBLE, {t}), zs = nc.var(recipe.level, NC_FLOAT, {z});
+    const int ys = nc.var("lat", NC_FLOAT, {y}), xs = nc.var("lon", NC_FLOAT, {x});
+    nc.text(ts, "units", "days since 2000-01-01");
+    nc.text(ys, "units", "degrees_north");
+    nc.text(xs, "units", recipe.lonUnits);
+    nc.var("q", NC_FLOAT, {t, z, y, x});
+    nc.put(ts, {0});
+    nc.put(zs, {0, 10});
+    nc.put(ys, {0, 1});
+    nc.put(xs, recipe.lons);
+    return path;
+  }
 };
 
 TEST_F(Opening, PreparesItemOneAndTimeStepOne) {
@@ -131,35 +153,58 @@ TEST_F(Opening, OfATruncatedHeaderFails) {
   EXPECT_FALSE(ocxNetNc::isOpen());
 }
 
+TEST_F(Opening, OfTheUnspoiltSmallSetSucceeds) {
+  EXPECT_EQ(control.NcFile(spoiltSet({})), 1) << control.ErrorMessage();
+}
+
 TEST_F(Opening, WithoutAVerticalAxisFailsAndTheNextOneSucceeds) {
-  const std::string flat = folder.file("flat.nc");
-  {
-    support::NcMaker nc(flat);
-    const int time = nc.dim("time", 1), lat = nc.dim("lat", 2), lon = nc.dim("lon", 2);
-    nc.text(nc.var("lat", NC_FLOAT, {lat}), "units", "degrees_north");
-    nc.text(nc.var("lon", NC_FLOAT, {lon}), "units", "degrees_east");
-    nc.var("zeta", NC_FLOAT, {time, lat, lon});
-    nc.close();
-  }
-  EXPECT_EQ(control.NcFile(flat), -1);
+  EXPECT_EQ(control.NcFile(spoiltSet({.level = "pressure"})), -1);
   EXPECT_EQ(control.ErrorMessage(), "");
   EXPECT_EQ(control.NcFile(vectorSet()), 1);
   EXPECT_FALSE(ocxNetNc::isOpen());
 }
 
 TEST_F(Opening, ThatFailsLeavesSettingsAndSelectionAlone) {
-  ASSERT_NO_FATAL_FAILURE(openAlongLatitude());
-  ASSERT_EQ(control.SetVarByOrder(2), 1);
-  control.SetCurrentTime(2);
-  control.DrawProfile(true);
-  settings.ViewStyle = 1;
-  EXPECT_EQ(control.NcFile(folder.file("nosuch.nc")), -1);
-  EXPECT_TRUE(control.DrawProfile());
-  EXPECT_EQ(settings.ViewStyle, 1);
-  EXPECT_EQ(Item_shown, 2);
-  EXPECT_EQ(VarShown, 7);
-  EXPECT_EQ(TimeShown, 2);
-  EXPECT_EQ(section.ncols, 4);
+  const struct {
+    const char* what;
+    std::string path;
+  } cases[] = {
+      {"no file", folder.file("nosuch.nc")},
+      {"no longitude", spoiltSet({.name = "nolon.nc", .lonUnits = "m"})},
+      {"no vertical axis", spoiltSet({.name = "flat.nc", .level = "pressure"})},
+      {"a single longitude", spoiltSet({.name = "onelon.nc", .lons = {5}})},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.what);
+    ASSERT_NO_FATAL_FAILURE(openAlongLatitude());
+    ASSERT_EQ(control.SetVarByOrder(2), 1);
+    control.SetCurrentTime(2);
+    KelvaneMain::settings = {.ShowLegend = 2,
+                             .ShowTitles = 3,
+                             .FlagReserved = 4,
+                             .ShowDistanceAxis = 5,
+                             .ShowDepthAxis = 6,
+                             .ViewStyle = 7,
+                             .ContourLineColor = 8,
+                             .ContourLevels = 9,
+                             .ViewMode = 1,
+                             .ProfileStyle = 10};
+    EXPECT_EQ(control.NcFile(c.path), -1);
+    EXPECT_EQ(settings.ShowLegend, 2);
+    EXPECT_EQ(settings.ShowTitles, 3);
+    EXPECT_EQ(settings.FlagReserved, 4);
+    EXPECT_EQ(settings.ShowDistanceAxis, 5);
+    EXPECT_EQ(settings.ShowDepthAxis, 6);
+    EXPECT_EQ(settings.ViewStyle, 7);
+    EXPECT_EQ(settings.ContourLineColor, 8);
+    EXPECT_EQ(settings.ContourLevels, 9);
+    EXPECT_EQ(settings.ViewMode, 1);
+    EXPECT_EQ(settings.ProfileStyle, 10);
+    EXPECT_EQ(Item_shown, 2);
+    EXPECT_EQ(VarShown, 7);
+    EXPECT_EQ(TimeShown, 2);
+    EXPECT_EQ(section.ncols, 4);
+  }
 }
 
 TEST_F(Opening, LeavesSectionAndColourKeyAlone) {

@@ -1,5 +1,7 @@
 #include "netcdf/catalogue.h"
 
+#include <cstring>
+
 #include "NcTest.h"
 
 namespace {
@@ -30,6 +32,23 @@ TEST_F(CatalogueTest, KeepsDimensionsInTheFilesOrder) {
     EXPECT_EQ(stored.Unlimited, dimension.unlimited);
     EXPECT_EQ(stored.Reserved, 0);
   }
+}
+
+TEST_F(CatalogueTest, TrimsTheNamesOfDimensions) {
+  NcMaker nc(file());
+  const int dim = nc.dim("x", 2);
+  nc.var("v", NC_INT, {dim});
+  nc.close();
+  NetCDF::library.nc_inq_dim = [](int id, int dimension, char* name, std::size_t* length) {
+    const int status = ::nc_inq_dim(id, dimension, name, length);
+    std::strcpy(name, "  x  ");
+    return status;
+  };
+  open(file());
+  ASSERT_EQ(ncf.NcDims.size(), 1);
+  EXPECT_EQ(ncf.NcDims(1).Name, "x");
+  EXPECT_EQ(ncf.NcDims(1).Length, 2);
+  EXPECT_EQ(ncf.NcVars(1).DimName[0], "x");
 }
 
 TEST_F(CatalogueTest, KeepsVariablesWithTheirShapeAndAttributes) {

@@ -173,11 +173,27 @@ const Case kCases[] = {
        n.lon_dId = 0, n.lat_dId = 1, n.level_dId = 2, n.has_level = 1;
        n.lon_vId = 3, n.lat_vId = 4, n.level_vId = 2;
      }},
-    {"every spelling of the directed units",
+    {"directed units of any case with more behind them, in an attribute that begins with unit",
      {"a", "b"},
      {{"a", {0}, "Degree East"}, {"b", {1}, "degrees NORTHWARD", "UNIT_OF"}},
      1,
      [](Ncf& n) { n.lon_dId = 0, n.lat_dId = 1, n.lon_vId = 1, n.lat_vId = 2; }},
+    {"a named axis goes before an earlier one that has the unit alone",
+     {"x", "lon", "y", "lat"},
+     {{"x", {0}, "degrees_east"},
+      {"lon", {1}, "degrees"},
+      {"y", {2}, "degrees_north"},
+      {"lat", {3}, "degrees"}},
+     1,
+     [](Ncf& n) { n.lon_dId = 1, n.lat_dId = 3, n.lon_vId = 2, n.lat_vId = 4; }},
+    {"cells in layers of their own",
+     {"KCELL", "ICELL", "JCELL"},
+     {{"lon", {2, 1}, "degrees_east"}, {"lat", {2, 1}, "degrees_north"}},
+     1,
+     [](Ncf& n) {
+       n.kcell_dId = 0, n.icell_dId = 1, n.jcell_dId = 2, n.grid_order = 0;
+       n.lon_vId = 1, n.lat_vId = 2;
+     }},
     {"a name alone is no longitude",
      {"lon", "lat"},
      {{"lon", {0}}, {"lat", {1}, "degrees_north"}},
@@ -208,6 +224,25 @@ TEST_F(IdentifyTest, FindsAxesByNameUnitAndShape) {
     Ncf expected;
     c.expect(expected);
     expectFound(expected);
+  }
+}
+
+TEST_F(IdentifyTest, KnowsEverySpellingOfTheDirectedUnits) {
+  for (const std::string degrees : {"degrees_", "degrees ", "degree_", "degree "}) {
+    SCOPED_TRACE(degrees);
+    const Variable east{"a", {0}, degrees + "east"}, north{"b", {1}, degrees + "north"};
+    ncf = {};
+    catalogue({"a", "b"}, {east, north});
+    EXPECT_EQ(IdentifyCoordinates(), 1);
+    Ncf expected;
+    expected.lon_dId = 0, expected.lat_dId = 1, expected.lon_vId = 1, expected.lat_vId = 2;
+    expectFound(expected);
+  }
+  for (const std::string unit : {"degrees", "degreeseast", "degrees-east", "deg_east", "east"}) {
+    SCOPED_TRACE(unit);
+    ncf = {};
+    catalogue({"a", "b"}, {{"a", {0}, unit}, {"b", {1}, "degrees_north"}});
+    EXPECT_EQ(IdentifyCoordinates(), -1);
   }
 }
 
