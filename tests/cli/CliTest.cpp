@@ -10,7 +10,7 @@
 namespace cli_test {
 
 CliTest::CliTest() {
-  support::makeVectorSet(file("small.nc"));
+  support::makeTinySet(file("small.nc"));
 }
 
 bool CliTest::exists(const std::string& name) const {

@@ -37,7 +37,7 @@ TEST_F(Info, ListsEverythingAsText) {
   EXPECT_EQ(result.err, "");
   EXPECT_EQ(result.out,
             "Data set:    small.nc\n"
-            "Title:       vector run\n"
+            "Title:       little run\n"
             "Dimensions:  time 2 (unlimited), depth 3, lat 4, lon 6\n"
             "Longitude:   lon [degrees_east], 6 values, 350 to 360, spacing 2\n"
             "Latitude:    lat [degrees_north], 4 values, -1 to 0.5, spacing 0.5\n"
@@ -64,7 +64,7 @@ TEST_F(Info, ListsEverythingAsJson) {
   EXPECT_EQ(result.err, "");
   EXPECT_EQ(json::parse(result.out), json::parse(R"({
     "data_set": "small.nc", "opened": true, "error": null, "recognised": true,
-    "title": "vector run",
+    "title": "little run",
     "dimensions": [{"name": "time", "length": 2, "unlimited": true},
                    {"name": "depth", "length": 3, "unlimited": false},
                    {"name": "lat", "length": 4, "unlimited": false},

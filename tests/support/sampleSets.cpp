@@ -16,7 +16,7 @@
 
 namespace support {
 
-void makeVectorSet(const std::string& path) {
+void makeTinySet(const std::string& path) {
   NcMaker nc(path);
   const int time = nc.dim("time", NC_UNLIMITED);
   const int depth = nc.dim("depth", 3);
@@ -42,7 +42,7 @@ void makeVectorSet(const std::string& path) {
   nc.text(salt, "long_name", "salinity");
   nc.text(salt, "units", "1");
   nc.number(salt, "missing_value", NC_FLOAT, {1e20});
-  nc.text(NC_GLOBAL, "title", "vector run");
+  nc.text(NC_GLOBAL, "title", "little run");
 
   nc.putSlab(timeVar, {0}, {2}, {36, 60});
   nc.put(depthVar, {0, 50, 200});

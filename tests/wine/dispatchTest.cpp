@@ -135,14 +135,14 @@ TEST_F(Dispatch, RefusesNullPlacesForResults) {
 // Hosts with traps for floating-point errors must neither be trapped by a call nor lose them.
 TEST_F(Dispatch, LeavesTheFloatingPointEnvironmentAlone) {
   const support::TempFolder folder;
-  support::makeVectorSet(folder.file("vec1.nc"));
+  support::makeTinySet(folder.file("tiny.nc"));
   const uint16_t trapping = 0x1372;  // as one family of hosts has it
   const uint32_t trappingSse = 0x1F80 & ~0x0680U;
   uint16_t before = 0, after = 0;
   uint32_t beforeSse = 0, afterSse = 0;
   __asm__ __volatile__("fnstcw %0" : "=m"(before));
   __asm__ __volatile__("stmxcsr %0" : "=m"(beforeSse));
-  const std::wstring file = host::wide(folder.file("vec1.nc"));
+  const std::wstring file = host::wide(folder.file("tiny.nc"));
   const BSTR name = SysAllocString(file.c_str());
   VARIANT result;
   VariantInit(&result);

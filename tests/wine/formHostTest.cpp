@@ -21,11 +21,11 @@ constexpr wchar_t kProgId[] = L"Kelvane.KelvaneCtl";
 
 class FormHost : public testing::Test {
  protected:
-  FormHost() { support::makeVectorSet(folder_.file("vec1.nc")); }
+  FormHost() { support::makeTinySet(folder_.file("tiny.nc")); }
 
   std::wstring file(const std::string& name) const { return host::wide(folder_.file(name)); }
   void draw(Form& form) {
-    form.control().call(L"NcFile", {file("vec1.nc")});
+    form.control().call(L"NcFile", {file("tiny.nc")});
     form.control().call(L"NewSection");
     form.control().call(L"AddSection", {354.5, -1});
     form.control().call(L"AddSection", {354.5, 0.4});
@@ -216,7 +216,7 @@ class FormProgram : public FormHost {
 };
 
 TEST_F(FormProgram, WritesPictures) {
-  const std::wstring input = L" \"" + file("vec1.nc") + L"\" temp \"350,0 358,0\" 1 ";
+  const std::wstring input = L" \"" + file("tiny.nc") + L"\" temp \"350,0 358,0\" 1 ";
   const struct {
     const wchar_t* command;
     const wchar_t* size;
@@ -242,12 +242,12 @@ TEST_F(FormProgram, TellsWhatIsWrong) {
     EXPECT_EQ(outcome.status, 1U);
     EXPECT_EQ(outcome.output, "kelvane-form: No such file or directory\n");
   }
-  outcome = run(L"draw \"" + file("vec1.nc") + L"\" nosuch \"350,0 358,0\" 1 600x400 x.png");
+  outcome = run(L"draw \"" + file("tiny.nc") + L"\" nosuch \"350,0 358,0\" 1 600x400 x.png");
   EXPECT_EQ(outcome.status, 1U);
   EXPECT_EQ(outcome.output, "kelvane-form: [SelectVarByName] nc varable not identified\n");
   // No room for the axes: the drawing says so in a box only.
   for (const std::wstring command : {L"draw", L"oledraw"}) {
-    outcome = run(command + L" \"" + file("vec1.nc") + L"\" temp \"350,0 358,0\" 1 1x1 \"" +
+    outcome = run(command + L" \"" + file("tiny.nc") + L"\" temp \"350,0 358,0\" 1 1x1 \"" +
                   file("small.png") + L"\"");
     EXPECT_TRUE(outcome.ended);
     EXPECT_EQ(outcome.status, 1U);

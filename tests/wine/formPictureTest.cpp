@@ -18,7 +18,7 @@ constexpr wchar_t kProgId[] = L"Kelvane.KelvaneCtl";
 constexpr double kDepths[] = {0, 0, 50, 200};  // counted from 1
 constexpr int kCellLevels = 2;                 // the last level is the lower edge of its cells
 
-// The vector set's values, from what it is made by. False where none stands.
+// The tiny set's values, from what it is made by. False where none stands.
 bool valueByHand(const std::string& variable, int time, int k, int j, int i, double& value) {
   if (variable == "temp") {
     value = 10 + 0.01 * (900 - 350 * k + 37 * i - 20 * j + 55 * time);
@@ -40,7 +40,7 @@ void PrintTo(const Section& section, std::ostream* out) {
 
 class FormPicture : public testing::TestWithParam<Section> {
  protected:
-  FormPicture() { support::makeVectorSet(file_); }
+  FormPicture() { support::makeTinySet(file_); }
 
   void drawOn(Form& form, const Section& section) {
     auto& control = form.control();
@@ -54,7 +54,7 @@ class FormPicture : public testing::TestWithParam<Section> {
   }
 
   support::TempFolder folder_;
-  const std::string file_ = folder_.file("vec1.nc");
+  const std::string file_ = folder_.file("tiny.nc");
 };
 
 const Section kAlongMeridian = {"temp", 1, {{354.5, -1}, {354.5, 0.4}}};

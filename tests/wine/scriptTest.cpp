@@ -23,12 +23,12 @@ struct Script {
 void PrintTo(const Script& script, std::ostream* out) { *out << script.name; }
 
 // Scripts use the control as their users do, and print what they get. Each gets the name of a
-// folder with vec1.nc (the vector set) and plain.txt (no netCDF).
+// folder with tiny.nc (the tiny set) and plain.txt (no netCDF).
 class Scripts : public testing::TestWithParam<Script> {};
 
 TEST_P(Scripts, PrintWhatIsExpected) {
   const support::TempFolder folder;
-  support::makeVectorSet(folder.file("vec1.nc"));
+  support::makeTinySet(folder.file("tiny.nc"));
   std::ofstream(folder.path() / "plain.txt") << "This is no netCDF file.\n";
   const std::string name = GetParam().name;
   const std::string expected = readFile(dataFile(host::wide("scripts\\" + name + ".expected")));
@@ -89,8 +89,8 @@ class SampleScripts : public testing::Test {
 };
 
 TEST_F(SampleScripts, ListAndDraw) {
-  support::makeVectorSet(folder_.file("vec1.nc"));
-  const Outcome outcome = run(L"section.js", "vec1.nc", L" \"350,0 358,0\" salt");
+  support::makeTinySet(folder_.file("tiny.nc"));
+  const Outcome outcome = run(L"section.js", "tiny.nc", L" \"350,0 358,0\" salt");
   EXPECT_EQ(outcome.output, "1 temp\n2 salt\ndrawn\n");
   EXPECT_EQ(outcome.status, 0U);
   makeGulfSet("gulf.nc");
@@ -113,13 +113,13 @@ TEST_F(SampleScripts, TellHowToUseThem) {
 }
 
 TEST_F(SampleScripts, TellWhyNot) {
-  support::makeVectorSet(folder_.file("vec1.nc"));
+  support::makeTinySet(folder_.file("tiny.nc"));
   // The path of the script lies elsewhere in the world.
-  Outcome outcome = run(L"section.vbs", "vec1.nc", L"");
+  Outcome outcome = run(L"section.vbs", "tiny.nc", L"");
   EXPECT_EQ(outcome.output,
             "1 temp\n2 salt\n[MakeKelvane] Section distance is too short, or input error\n");
   EXPECT_EQ(outcome.status, 1U);
-  outcome = run(L"section.js", "vec1.nc", L" \"350,0 358,0\" nosuch");
+  outcome = run(L"section.js", "tiny.nc", L" \"350,0 358,0\" nosuch");
   EXPECT_EQ(outcome.output, "1 temp\n2 salt\n[SelectVarByName] nc varable not identified\n");
   EXPECT_EQ(outcome.status, 1U);
 }

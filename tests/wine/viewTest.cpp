@@ -19,9 +19,9 @@ class View : public testing::Test {
   static constexpr int kWidth = 300, kHeight = 200;
 
   View() {
-    support::makeVectorSet(folder_.file("vec1.nc"));
+    support::makeTinySet(folder_.file("tiny.nc"));
     host::setExtent(object_, kWidth, kHeight);
-    object_.call(L"NcFile", {host::wide(folder_.file("vec1.nc"))});
+    object_.call(L"NcFile", {host::wide(folder_.file("tiny.nc"))});
     object_.call(L"NewSection");
     object_.call(L"AddSection", {354.5, -1});
     object_.call(L"AddSection", {354.5, 0.4});

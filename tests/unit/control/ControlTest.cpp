@@ -5,9 +5,9 @@
 ControlTest::ControlTest() { support::resetState(); }
 ControlTest::~ControlTest() { support::resetState(); }
 
-std::string ControlTest::vectorSet(const std::string& name) const {
+std::string ControlTest::tinySet(const std::string& name) const {
   const std::string path = folder.file(name);
-  support::makeVectorSet(path);
+  support::makeTinySet(path);
   return path;
 }
 
@@ -18,6 +18,6 @@ int16_t ControlTest::sectionThrough(const std::vector<KelvaneMain::SectionPoint>
 }
 
 void ControlTest::openAlongLatitude() {
-  ASSERT_EQ(control.NcFile(vectorSet()), 1) << control.ErrorMessage();
+  ASSERT_EQ(control.NcFile(tinySet()), 1) << control.ErrorMessage();
   ASSERT_EQ(sectionThrough({{350, 0}, {358, 0}}), 1) << control.ErrorMessage();
 }

@@ -18,10 +18,10 @@ class ControlTest : public testing::Test {
   ControlTest();
   ~ControlTest() override;
 
-  // The name of a new vector set in the test's folder.
-  std::string vectorSet(const std::string& name = "vec1.nc") const;
+  // The name of a new tiny set in the test's folder.
+  std::string tinySet(const std::string& name = "tiny.nc") const;
   int16_t sectionThrough(const std::vector<KelvaneMain::SectionPoint>& points);
-  // Opens the vector set and builds a section along its third latitude.
+  // Opens the tiny set and builds a section along its third latitude.
   void openAlongLatitude();
   // The number of the run-time error that a call lets out; 0 for none.
   template <class Call>

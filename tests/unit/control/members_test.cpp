@@ -47,7 +47,7 @@ TEST_F(Members, BeforeTheFirstDataSetGiveFailuresAndDrawNothing) {
 }
 
 TEST_F(Members, SelectItemsByNameAndOrder) {
-  ASSERT_EQ(control.NcFile(vectorSet()), 1);
+  ASSERT_EQ(control.NcFile(tinySet()), 1);
   EXPECT_EQ(control.SetVarByName("SALT"), 1);
   EXPECT_EQ(VarShown, 7);
   EXPECT_EQ(control.SetVarByName("nosuch"), -1);
@@ -183,7 +183,7 @@ TEST_F(Members, KeepTheirCountersWhenTheyOverflow) {
 }
 
 TEST_F(Members, KeepAnyPointUntilTheSectionIsEnded) {
-  ASSERT_EQ(control.NcFile(vectorSet()), 1);
+  ASSERT_EQ(control.NcFile(tinySet()), 1);
   constexpr float inf = std::numeric_limits<float>::infinity();
   EXPECT_EQ(sectionThrough({{350, 0}, {inf, 0}}), -1);
   EXPECT_EQ(control.ErrorMessage(), "[Set_cell_Section] Error: Overflow");

@@ -25,7 +25,7 @@ class Opening : public ControlTest {
   }
   // The first bytes of a good file.
   std::string truncated(std::size_t bytes) const {
-    const std::string path = vectorSet("truncated.nc");
+    const std::string path = tinySet("truncated.nc");
     std::filesystem::resize_file(path, bytes);
     return path;
   }
@@ -54,7 +54,7 @@ class Opening : public ControlTest {
 };
 
 TEST_F(Opening, PreparesItemOneAndTimeStepOne) {
-  const std::string path = vectorSet();
+  const std::string path = tinySet();
   EXPECT_EQ(control.NcFile(path), 1);
   EXPECT_EQ(ocxNetNc::DataSetName, path);
   EXPECT_EQ(control.NumDrawAbleItems(), 2);
@@ -72,7 +72,7 @@ TEST_F(Opening, PreparesItemOneAndTimeStepOne) {
 }
 
 TEST_F(Opening, IdentifiesAxesTimesAndTitles) {
-  ASSERT_EQ(control.NcFile(vectorSet()), 1);
+  ASSERT_EQ(control.NcFile(tinySet()), 1);
   EXPECT_EQ(ncf.time_dId, 0);
   EXPECT_EQ(ncf.level_dId, 1);
   EXPECT_EQ(ncf.lat_dId, 2);
@@ -92,9 +92,9 @@ TEST_F(Opening, IdentifiesAxesTimesAndTitles) {
   EXPECT_EQ(temp.Scale, 0.01);
   EXPECT_EQ(temp.Offset, 10);
   EXPECT_EQ(temp.Missing, -32768);
-  EXPECT_EQ(ocxNetNc::TitleLines(1), "vec1.nc");
+  EXPECT_EQ(ocxNetNc::TitleLines(1), "tiny.nc");
   EXPECT_EQ(ocxNetNc::TitleLines(2), "1990-01-02 12:00:00");
-  EXPECT_EQ(ocxNetNc::TitleLines(3), "vector run");
+  EXPECT_EQ(ocxNetNc::TitleLines(3), "little run");
   EXPECT_EQ(ocxNetNc::TitleLines(4), "potential temperature [degC]");
 }
 
@@ -103,7 +103,7 @@ TEST_F(Opening, SetsTheDrawingSettingsButTheProfileStyle) {
   settings.ProfileStyle = 1;
   settings.ContourLineColor = 255;
   control.DrawProfile(true);
-  ASSERT_EQ(control.NcFile(vectorSet()), 1);
+  ASSERT_EQ(control.NcFile(tinySet()), 1);
   EXPECT_EQ(settings.ShowLegend, 1);
   EXPECT_EQ(settings.ShowTitles, 1);
   EXPECT_EQ(settings.FlagReserved, 1);
@@ -149,7 +149,7 @@ TEST_F(Opening, OfATruncatedHeaderFails) {
     EXPECT_EQ(control.NcFile(truncated(bytes)), -1) << bytes;
     EXPECT_EQ(settings.ViewMode, 0);
   }
-  EXPECT_EQ(control.NcFile(vectorSet()), 1);
+  EXPECT_EQ(control.NcFile(tinySet()), 1);
   EXPECT_FALSE(ocxNetNc::isOpen());
 }
 
@@ -160,7 +160,7 @@ TEST_F(Opening, OfTheUnspoiltSmallSetSucceeds) {
 TEST_F(Opening, WithoutAVerticalAxisFailsAndTheNextOneSucceeds) {
   EXPECT_EQ(control.NcFile(spoiltSet({.level = "pressure"})), -1);
   EXPECT_EQ(control.ErrorMessage(), "");
-  EXPECT_EQ(control.NcFile(vectorSet()), 1);
+  EXPECT_EQ(control.NcFile(tinySet()), 1);
   EXPECT_FALSE(ocxNetNc::isOpen());
 }
 
@@ -211,7 +211,7 @@ TEST_F(Opening, LeavesSectionAndColourKeyAlone) {
   ASSERT_NO_FATAL_FAILURE(openAlongLatitude());
   control.AddColorKey(0, 10, 255);
   control.UseColorKey(true);
-  ASSERT_EQ(control.NcFile(vectorSet("other.nc")), 1);
+  ASSERT_EQ(control.NcFile(tinySet("other.nc")), 1);
   EXPECT_EQ(NumSectionPoints, 2);
   EXPECT_EQ(section.ncols, 4);
   EXPECT_EQ(ModColor::ColorKey.nDivision, 1);

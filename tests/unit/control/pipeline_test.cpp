@@ -19,7 +19,7 @@ namespace {
 class Pipeline : public ControlTest {
  protected:
   void draw(const std::vector<SectionPoint>& points) {
-    ASSERT_EQ(control.NcFile(vectorSet()), 1) << control.ErrorMessage();
+    ASSERT_EQ(control.NcFile(tinySet()), 1) << control.ErrorMessage();
     ASSERT_EQ(sectionThrough(points), 1) << control.ErrorMessage();
     control.Draw();
     ASSERT_EQ(control.ErrorMessage(), "");
@@ -135,7 +135,7 @@ TEST_F(Pipeline, ShadesThroughTheKeyWhenItIsInUse) {
 
 TEST_F(Pipeline, OfASecondDataSetDrawsTheOldSectionUntilItIsEndedAgain) {
   ASSERT_NO_FATAL_FAILURE(draw({{350, 0}, {358, 0}}));
-  ASSERT_EQ(control.NcFile(vectorSet("second.nc")), 1);
+  ASSERT_EQ(control.NcFile(tinySet("second.nc")), 1);
   control.Draw();
   EXPECT_EQ(control.ErrorMessage(), "");
   EXPECT_EQ(section_values.ncols(), 4);

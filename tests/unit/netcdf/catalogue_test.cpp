@@ -15,7 +15,7 @@ using support::NcMaker;
 class CatalogueTest : public NcTest {};
 
 TEST_F(CatalogueTest, KeepsDimensionsInTheFilesOrder) {
-  support::makeVectorSet(file());
+  support::makeTinySet(file());
   open(file());
   ASSERT_EQ(ncf.NcNDims, 4);
   ASSERT_EQ(ncf.NcDims.size(), 4);
@@ -52,7 +52,7 @@ TEST_F(CatalogueTest, TrimsTheNamesOfDimensions) {
 }
 
 TEST_F(CatalogueTest, KeepsVariablesWithTheirShapeAndAttributes) {
-  support::makeVectorSet(file());
+  support::makeTinySet(file());
   open(file());
   ASSERT_EQ(ncf.NcNVars, 7);
   ASSERT_EQ(ncf.NcVars.size(), 7);
@@ -100,7 +100,7 @@ TEST_F(CatalogueTest, KeepsGlobalAttributes) {
 }
 
 TEST_F(CatalogueTest, StaysOpenUnlessAskedToClose) {
-  support::makeVectorSet(file());
+  support::makeTinySet(file());
   EXPECT_EQ(OpenCatalogue(file(), 0), 1);
   EXPECT_TRUE(ocxNetNc::isOpen());
   EXPECT_EQ(ncf.NcFileName, file());
@@ -112,7 +112,7 @@ TEST_F(CatalogueTest, StaysOpenUnlessAskedToClose) {
 }
 
 TEST_F(CatalogueTest, ClosesTheDataSetThatIsStillOpen) {
-  support::makeVectorSet(file());
+  support::makeTinySet(file());
   open(file());
   const CloseCount closes;
   open(file());
@@ -123,7 +123,7 @@ TEST_F(CatalogueTest, ClosesTheDataSetThatIsStillOpen) {
 }
 
 TEST_F(CatalogueTest, ReplacesTheCatalogueOfThePreviousDataSet) {
-  support::makeVectorSet(file());
+  support::makeTinySet(file());
   open(file());
   NcMaker nc(file("other.nc"));
   nc.var("only", NC_INT, {});

@@ -92,8 +92,8 @@ TEST_F(GeoWindowTest, UnwrapsLongitudesAndComputesMeanSpacings) {
   }
 }
 
-TEST_F(GeoWindowTest, LoadsTheVectorSet) {
-  support::makeVectorSet(file());
+TEST_F(GeoWindowTest, LoadsTheTinySet) {
+  support::makeTinySet(file());
   identify();
   EXPECT_EQ(SetGeoWindow(), 1);
   EXPECT_EQ(list(ncf.lon_values), (Singles{350, 352, 354, 356, 358, 360}));
@@ -227,7 +227,7 @@ TEST_F(GeoWindowTest, RefusesCellsThatAreNotThere) {
 }
 
 TEST_F(GeoWindowTest, FailsWithoutAnyAxisAndLeavesTheMessage) {
-  support::makeVectorSet(file());
+  support::makeTinySet(file());
   open(file());
   util::LastError = "earlier";
   EXPECT_EQ(SetGeoWindow(), -1);
@@ -235,7 +235,7 @@ TEST_F(GeoWindowTest, FailsWithoutAnyAxisAndLeavesTheMessage) {
 }
 
 TEST_F(GeoWindowTest, OpensAClosedDataSetAgain) {
-  support::makeVectorSet(file());
+  support::makeTinySet(file());
   identify();
   ocxNetNc::NcClose();
   EXPECT_EQ(SetGeoWindow(), 1);

@@ -261,8 +261,8 @@ TEST_F(IdentifyTest, KeepsVariableNumbersOfAnEarlierDataSetAlone) {
   EXPECT_EQ(ncf.grid_order, -1);
 }
 
-TEST_F(IdentifyTest, IdentifiesTheVectorSet) {
-  support::makeVectorSet(file());
+TEST_F(IdentifyTest, IdentifiesTheTinySet) {
+  support::makeTinySet(file());
   open(file());
   EXPECT_EQ(IdentifyCoordinates(), 1);
   Ncf expected;

@@ -54,7 +54,7 @@ TEST_F(OpenFailuresTest, SurvivesFoldersAndEmptyNames) {
 }
 
 TEST_F(OpenFailuresTest, SurvivesEveryTruncationOfTheHeader) {
-  support::makeVectorSet(file("whole.nc"));
+  support::makeTinySet(file("whole.nc"));
   std::string bytes(static_cast<std::size_t>(std::filesystem::file_size(file("whole.nc"))), '\0');
   std::ifstream(file("whole.nc"), std::ios::binary)
       .read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
@@ -69,7 +69,7 @@ TEST_F(OpenFailuresTest, SurvivesEveryTruncationOfTheHeader) {
 }
 
 TEST_F(OpenFailuresTest, RefusesAFileThatEndsBeforeItsData) {
-  support::makeVectorSet(file());
+  support::makeTinySet(file());
   open(file());
   ocxNetNc::NcClose();
   std::filesystem::resize_file(file(), std::filesystem::file_size(file()) - 1);
@@ -271,7 +271,7 @@ TEST_F(OpenFailuresTest, ReportsWhateverTheLibraryRefuses) {
 }
 
 TEST_F(OpenFailuresTest, StaysInsideItsListsWhateverTheLibrarySays) {
-  support::makeVectorSet(file());
+  support::makeTinySet(file());
   NetCDF::library.nc_inq_vardimid = [](int, int, int* ids) {
     ids[0] = 99;
     return NC_NOERR;

@@ -132,7 +132,7 @@ TEST_F(ReaderTest, ReadsNoValueOfACharVariable) {
 }
 
 TEST_F(ReaderTest, ReadsAHyperslabInOneCall) {
-  support::makeVectorSet(file());
+  support::makeTinySet(file());
   open(file());
   static int calls;
   calls = 0;

@@ -14,9 +14,9 @@ using ocxNetNc::TitleLines;
 
 class TitleTest : public NcTest {
  protected:
-  void openVectorSet() {
-    support::makeVectorSet(file());
-    ocxNetNc::DataSetName = "c:\\data/" + std::string("vec1.nc ");
+  void openTinySet() {
+    support::makeTinySet(file());
+    ocxNetNc::DataSetName = "c:\\data/" + std::string("tiny.nc ");
     open(file());
     ASSERT_EQ(ocxNetNc::IdentifyCoordinates(), 1);
     ASSERT_EQ(ocxNetNc::SetGeoWindow(), 1);
@@ -28,24 +28,24 @@ using Lines = std::vector<std::string>;
 
 TEST_F(TitleTest, NamesFileDateTitleAndVariable) {
   EXPECT_EQ(lines(), (Lines{"", "", "", ""}));
-  openVectorSet();
+  openTinySet();
   EXPECT_EQ(MakeTitle(5, 1), 4);
-  EXPECT_EQ(lines(), (Lines{"vec1.nc", "1990-01-02 12:00:00", "vector run",
+  EXPECT_EQ(lines(), (Lines{"tiny.nc", "1990-01-02 12:00:00", "little run",
                             "potential temperature [degC]"}));
   EXPECT_EQ(MakeTitle(6, 2), 4);
-  EXPECT_EQ(lines(), (Lines{"vec1.nc", "1990-01-03 12:00:00", "vector run", " [m]"}));
+  EXPECT_EQ(lines(), (Lines{"tiny.nc", "1990-01-03 12:00:00", "little run", " [m]"}));
 }
 
 TEST_F(TitleTest, SurvivesNumbersOutside) {
-  openVectorSet();
+  openTinySet();
   for (const int32_t number : {0, -1, 8, INT32_MAX, INT32_MIN}) {
     EXPECT_EQ(MakeTitle(number, number), 4);
-    EXPECT_EQ(lines(), (Lines{"vec1.nc", "1899-12-30 00:00:00", "vector run", ""}));
+    EXPECT_EQ(lines(), (Lines{"tiny.nc", "1899-12-30 00:00:00", "little run", ""}));
   }
 }
 
 TEST_F(TitleTest, HasNoDateWithoutATimeAxis) {
-  openVectorSet();
+  openTinySet();
   ncf.has_time = -1;
   MakeTitle(5, 1);
   EXPECT_EQ(TitleLines(2), "");
@@ -66,7 +66,7 @@ TEST_F(StatusTest, HasTheLibrarysTexts) {
 }
 
 TEST_F(StatusTest, ReportsTheLastStatusAndCloses) {
-  support::makeVectorSet(file());
+  support::makeTinySet(file());
   open(file());
   ocxNetNc::NcErrorReport(ncf.NcId);
   EXPECT_TRUE(desktop.messages.empty());
@@ -82,7 +82,7 @@ TEST_F(StatusTest, ReportsTheLastStatusAndCloses) {
 }
 
 TEST_F(StatusTest, ShowsTheFailingStatusNotThatOfTheClose) {
-  support::makeVectorSet(file());
+  support::makeTinySet(file());
   open(file());
   const int id = ncf.NcId;
   NetCDF::library.nc_close = kRefusal;
@@ -94,7 +94,7 @@ TEST_F(StatusTest, ShowsTheFailingStatusNotThatOfTheClose) {
 }
 
 TEST_F(StatusTest, OpensTheDataSetAgain) {
-  support::makeVectorSet(file());
+  support::makeTinySet(file());
   open(file());
   ocxNetNc::NcClose();
   EXPECT_EQ(ocxNetNc::NcReopen(1), 1);
@@ -111,7 +111,7 @@ TEST_F(StatusTest, OpensTheDataSetAgain) {
 }
 
 TEST_F(StatusTest, ReportsADataSetThatIsGone) {
-  support::makeVectorSet(file());
+  support::makeTinySet(file());
   open(file());
   ocxNetNc::NcClose();
   ASSERT_TRUE(std::filesystem::remove(file()));

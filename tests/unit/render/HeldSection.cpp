@@ -19,7 +19,7 @@ const std::vector<std::vector<float>> kHeldValues = {
 void HeldSection::SetUp() {
   support::resetState();
   settings.ShowLegend = settings.ShowTitles = 1;
-  ocxNetNc::TitleLines = {"vec1.nc", "1990-01-02 12:00:00", "vector run",
+  ocxNetNc::TitleLines = {"tiny.nc", "1990-01-02 12:00:00", "little run",
                           "potential temperature [degC]"};
   DrawItem item;
   item.name = "temp";

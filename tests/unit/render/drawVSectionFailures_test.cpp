@@ -46,7 +46,7 @@ TEST_F(DrawVSectionFailures, BeforeAnyReadThereAreTitlesOnly) {
   section_values = {};
   draw();
   EXPECT_EQ(util::LastError, kSubscriptText);
-  EXPECT_TRUE(printed("vector run"));
+  EXPECT_TRUE(printed("little run"));
   EXPECT_TRUE(boxes.picSection.of(Kind::Box).empty());
   EXPECT_TRUE(boxes.picSection.of(Kind::Line).empty());
   EXPECT_TRUE(desktop.messages.empty());
@@ -69,7 +69,7 @@ TEST_F(DrawVSectionFailures, AZeroDepthRangeIsABoxAndStillHasTitlesAndLegend) {
   ASSERT_EQ(desktop.messages.size(), 1U);
   EXPECT_EQ(desktop.messages[0].text, "[Cartesian] scale parameters out of rangexy4:x=07xy4:y=00");
   EXPECT_EQ(desktop.messages[0].caption, "KelvaneCtl");
-  EXPECT_TRUE(printed("vector run"));
+  EXPECT_TRUE(printed("little run"));
   EXPECT_TRUE(printed("17.30"));
   EXPECT_FALSE(boxes.picSection.printOf("17.30").font.Bold);
   EXPECT_TRUE(boxes.picSection.of(Kind::Line).empty());
@@ -98,7 +98,7 @@ TEST_F(DrawVSectionFailures, AKeyWithoutItsListsStopsAtTheFirstBlock) {
   ModColor::bUseKey = -1;
   draw();
   EXPECT_EQ(util::LastError, kSubscriptText);
-  EXPECT_TRUE(printed("vector run"));
+  EXPECT_TRUE(printed("little run"));
   EXPECT_TRUE(boxes.picSection.of(Kind::Box).empty());
 }
 

@@ -143,8 +143,8 @@ TEST_F(DrawVSectionTest, TitlesArePrintedForAnythingButZero) {
   settings.ShowTitles = -1;
   draw();
   EXPECT_EQ(boxes.picDateTime.texts(), (Texts{"Date/Time: 1990-01-02 12:00:00"}));
-  EXPECT_EQ(boxes.picSection.texts()[0], "Data Set: vec1.nc");
-  EXPECT_TRUE(boxes.picSection.printOf("Data Set: vec1.nc").font.Bold);
+  EXPECT_EQ(boxes.picSection.texts()[0], "Data Set: tiny.nc");
+  EXPECT_TRUE(boxes.picSection.printOf("Data Set: tiny.nc").font.Bold);
 }
 
 TEST_F(DrawVSectionTest, BothAxesAreShownOnEveryDrawing) {

@@ -14,15 +14,15 @@ TEST_F(TitlesTest, StandAtTheirPlaces) {
   KelvaneMain::DrawTitles(boxes.picDateTime, boxes.picSection);
   EXPECT_EQ(boxes.picDateTime.texts(), (Texts{"Date/Time: 1990-01-02 12:00:00"}));
   EXPECT_EQ(boxes.picSection.texts(),
-            (Texts{"Data Set: vec1.nc", "vector run", "potential temperature [degC]"}));
+            (Texts{"Data Set: tiny.nc", "little run", "potential temperature [degC]"}));
   struct Row {
     Operation print;
     float x, y;
   };
   const Row rows[] = {
       {boxes.picDateTime.printOf("Date/Time: 1990-01-02 12:00:00"), 6, 6.5F},
-      {boxes.picSection.printOf("Data Set: vec1.nc"), 492, 6.5F},
-      {boxes.picSection.printOf("vector run"), 270, 19.5F},
+      {boxes.picSection.printOf("Data Set: tiny.nc"), 492, 6.5F},
+      {boxes.picSection.printOf("little run"), 270, 19.5F},
       // 28 characters 9 wide; one and a half lines of 19.5 above the lower edge
       {boxes.picSection.printOf("potential temperature [degC]"), 174, 370.75F},
   };
@@ -41,7 +41,7 @@ TEST_F(TitlesTest, TheLastLineIsLargerAndUnderlinedAndTheFontIsPutBack) {
   EXPECT_FALSE(title.font.Italic);
   EXPECT_EQ(boxes.picSection.Font.Size, 8.25F);
   EXPECT_FALSE(boxes.picSection.Font.Underline);
-  EXPECT_FALSE(boxes.picSection.printOf("vector run").font.Underline);
+  EXPECT_FALSE(boxes.picSection.printOf("little run").font.Underline);
 }
 
 TEST_F(TitlesTest, EmptyLinesPrintNothing) {

@@ -19,7 +19,7 @@ namespace {
 class FailedRead : public SectionTest {
  protected:
   FailedRead() : path(folder.file("set.nc")) {
-    support::makeVectorSet(path);
+    support::makeTinySet(path);
     openAlong(path, {{350, 0}, {358, 0}});
     util::LastError = "before";
   }

@@ -25,9 +25,9 @@ const Points kAlongLongitude = {{354.5F, -1}, {354.5F, 0.4F}};
 
 class SectionRead : public SectionTest {
  protected:
-  void openVectorSet(const Points& points) {
+  void openTinySet(const Points& points) {
     const std::string path = folder.file("set.nc");
-    support::makeVectorSet(path);
+    support::makeTinySet(path);
     openAlong(path, points);
   }
 
@@ -63,7 +63,7 @@ class SectionRead : public SectionTest {
 };
 
 TEST_F(SectionRead, TakesAGeneralPathColumnByColumn) {
-  ASSERT_NO_FATAL_FAILURE(openVectorSet(kAcross));
+  ASSERT_NO_FATAL_FAILURE(openTinySet(kAcross));
   EXPECT_EQ(section.section_kind, kGeneralPath);
   EXPECT_EQ(section.section_length_km, 999.973598390379);
   EXPECT_EQ(columns(), (std::vector<Cell>{{1, 1}, {2, 1}, {2, 2}, {3, 2}, {4, 2}, {4, 3}, {5, 3}}));
@@ -94,7 +94,7 @@ TEST_F(SectionRead, TakesAGeneralPathColumnByColumn) {
 }
 
 TEST_F(SectionRead, TakesALatitudeRowInOneRead) {
-  ASSERT_NO_FATAL_FAILURE(openVectorSet(kAlongLatitude));
+  ASSERT_NO_FATAL_FAILURE(openTinySet(kAlongLatitude));
   EXPECT_EQ(section.section_kind, kSameLatitude);
   const ReadRecorder recorder;
   ASSERT_EQ(ReadVSData(VarShown, 1), 1) << util::LastError;
@@ -108,7 +108,7 @@ TEST_F(SectionRead, TakesALatitudeRowInOneRead) {
 }
 
 TEST_F(SectionRead, TakesALongitudeColumnInOneRead) {
-  ASSERT_NO_FATAL_FAILURE(openVectorSet(kAlongLongitude));
+  ASSERT_NO_FATAL_FAILURE(openTinySet(kAlongLongitude));
   EXPECT_EQ(section.section_kind, kSameLongitude);
   EXPECT_EQ(columns(), (std::vector<Cell>{{3, 1}, {3, 2}, {3, 3}}));
   EXPECT_EQ(section.point_column(2), 3);
@@ -126,7 +126,7 @@ TEST_F(SectionRead, TakesALongitudeColumnInOneRead) {
 }
 
 TEST_F(SectionRead, OpensAndClosesTheDataSetEachTimeUnderTheWaitPointer) {
-  ASSERT_NO_FATAL_FAILURE(openVectorSet(kAlongLatitude));
+  ASSERT_NO_FATAL_FAILURE(openTinySet(kAlongLatitude));
   EXPECT_FALSE(ocxNetNc::isOpen());
   const ReadRecorder recorder;
   EXPECT_EQ(ReadVSData(VarShown, 1), 1);
@@ -192,7 +192,7 @@ TEST_F(SectionRead, TakesTheFirstOfAnyFurtherDimension) {
 }
 
 TEST_F(SectionRead, MarksNothingWhereEverythingIsMissing) {
-  ASSERT_NO_FATAL_FAILURE(openVectorSet({{350, -1}, {356, -1}}));
+  ASSERT_NO_FATAL_FAILURE(openTinySet({{350, -1}, {356, -1}}));
   ASSERT_EQ(SelectVarByName("salt"), 1);
   ASSERT_EQ(ReadVSData(VarShown, 1), 1) << util::LastError;
   EXPECT_EQ(missingPoints(), 9);
@@ -226,7 +226,7 @@ TEST_F(SectionRead, CountsTheZerosOfATextVariable) {
 }
 
 TEST_F(SectionRead, IsEnoughWithOneColumn) {
-  ASSERT_NO_FATAL_FAILURE(openVectorSet(kAcross));
+  ASSERT_NO_FATAL_FAILURE(openTinySet(kAcross));
   usePoints({{350, 0}, {352, 0}});
   ASSERT_EQ(MakeKelvane(), -1);
   ASSERT_EQ(section.ncols, 1);
@@ -235,7 +235,7 @@ TEST_F(SectionRead, IsEnoughWithOneColumn) {
 }
 
 TEST_F(SectionRead, CountsForTheItemShownAlsoWhenAnotherVariableIsRead) {
-  ASSERT_NO_FATAL_FAILURE(openVectorSet(kAlongLatitude));
+  ASSERT_NO_FATAL_FAILURE(openTinySet(kAlongLatitude));
   Item_shown = 2;
   ASSERT_EQ(ReadVSData(VarShown, 1), 1);
   EXPECT_EQ(DrawItems(2).maximum, 16.93F);

@@ -6,5 +6,5 @@ Set control = CreateObject("Kelvane.KelvaneCtl")
 WScript.Echo control.NcFile(folder & "\missing.nc") & " " & control.ErrorMessage
 WScript.Echo control.NcFile(folder & "\plain.txt") & " " & control.ErrorMessage
 WScript.Echo control.NumDrawAbleItems & " items"
-WScript.Echo control.NcFile(folder & "\vec1.nc") & " " & control.NumDrawAbleItems & " items"
+WScript.Echo control.NcFile(folder & "\tiny.nc") & " " & control.NumDrawAbleItems & " items"
 WScript.Echo "the text stays: " & control.ErrorMessage

@@ -8,7 +8,7 @@ function say(what, value) {
 
 say("NumDrawAbleItems at first", control.NumDrawAbleItems);
 say("DrawProfile at first", control.DrawProfile);
-say("NcFile", control.NcFile(folder + "\\vec1.nc"));
+say("NcFile", control.NcFile(folder + "\\tiny.nc"));
 say("NumDrawAbleItems", control.NumDrawAbleItems);
 for (var i = 0; i <= 3; ++i) say("ItemName(" + i + ")", control.ItemName(i));
 control.NewSection();
@@ -35,7 +35,7 @@ control.AddColorKey(0, 1, 255);
 control.UseColorKey = true;
 say("UseColorKey", control.UseColorKey);
 // What this version has not: a failure value or nothing, and the reason.
-say("KewFile", control.KewFile(folder + "\\vec1.kew"));
+say("KewFile", control.KewFile(folder + "\\tiny.kew"));
 say("ErrorMessage", control.ErrorMessage);
 control.InitColorKey();
 say("ErrorMessage", control.ErrorMessage);

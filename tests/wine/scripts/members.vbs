@@ -18,7 +18,7 @@ Say "ItemName(1) at first", control.ItemName(1)
 Say "ErrorMessage at first", control.ErrorMessage
 Say "DrawProfile at first", control.DrawProfile
 Say "DrawVerticalSection at first", control.DrawVerticalSection
-Say "NcFile", control.NcFile(folder & "\vec1.nc")
+Say "NcFile", control.NcFile(folder & "\tiny.nc")
 Say "NumDrawAbleItems", control.NumDrawAbleItems
 For i = 0 To 3
   Say "ItemName(" & i & ")", control.ItemName(i)
@@ -59,7 +59,7 @@ control.UseColorKey = False
 Say "UseColorKey", control.UseColorKey
 Say "ErrorMessage", control.ErrorMessage
 ' What this version has not: a failure value or nothing, and the reason.
-Say "KewFile", control.KewFile(folder & "\vec1.kew")
+Say "KewFile", control.KewFile(folder & "\tiny.kew")
 Say "ErrorMessage", control.ErrorMessage
 Say "UseColorKey", control.UseColorKey
 control.InitColorKey

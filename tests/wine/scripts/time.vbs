@@ -4,7 +4,7 @@ Dim control, lines
 Set control = CreateObject("Kelvane.KelvaneCtl")
 control.SetCurrentTime 1
 WScript.Echo control.ErrorMessage
-control.NcFile WScript.Arguments(0) & "\vec1.nc"
+control.NcFile WScript.Arguments(0) & "\tiny.nc"
 control.NewSection
 control.AddSection 354.5, -1
 control.AddSection 354.5, 0.4

@@ -28,12 +28,12 @@ using support::Operation;
 using Kind = Operation::Kind;
 using Texts = std::vector<std::string>;
 
-class VectorSetTest : public testing::Test {
+class TinySetTest : public testing::Test {
  protected:
   void SetUp() override {
     support::resetState();
-    const std::string path = folder.file("vec1.nc");
-    support::makeVectorSet(path);
+    const std::string path = folder.file("tiny.nc");
+    support::makeTinySet(path);
     ocxNetNc::DataSetName = path;
     ASSERT_GE(ocxNetNc::OpenCatalogue(path, 0), 0) << util::LastError;
     ASSERT_GT(ocxNetNc::IdentifyCoordinates(), 0) << util::LastError;
@@ -70,7 +70,7 @@ class VectorSetTest : public testing::Test {
   support::RecordingPictures boxes;
 };
 
-TEST_F(VectorSetTest, AGeneralPath) {
+TEST_F(TinySetTest, AGeneralPath) {
   path({{350, -1}, {359, 0.3F}});
   ASSERT_EQ(section.section_kind, kGeneralPath);
   const util::OneBased<Cell> cells = {{1, 1}, {2, 1}, {2, 2}, {3, 2}, {4, 2}, {4, 3}, {5, 3}};
@@ -82,7 +82,7 @@ TEST_F(VectorSetTest, AGeneralPath) {
   const Texts texts = boxes.picSection.texts();
   EXPECT_EQ(
       Texts(texts.begin(), texts.begin() + 5),
-      (Texts{"Data Set: vec1.nc", "vector run", "potential temperature [degC]", "0 km", "100"}));
+      (Texts{"Data Set: tiny.nc", "little run", "potential temperature [degC]", "0 km", "100"}));
   EXPECT_EQ(texts.back(), "17.30");
   EXPECT_EQ(boxes.picSection.of(Kind::Line)[1].x1, 94.20122F);
   const auto found = blocks();
@@ -94,7 +94,7 @@ TEST_F(VectorSetTest, AGeneralPath) {
   EXPECT_EQ(found[13].y2, 348.0F);
 }
 
-TEST_F(VectorSetTest, AConstantLatitudeShowsLongitudes) {
+TEST_F(TinySetTest, AConstantLatitudeShowsLongitudes) {
   path({{350, 0}, {358, 0}});
   ASSERT_EQ(section.section_kind, kSameLatitude);
   draw(1);
@@ -107,7 +107,7 @@ TEST_F(VectorSetTest, AConstantLatitudeShowsLongitudes) {
   EXPECT_FLOAT_EQ(blocks().back().y2, 322.0F);
 }
 
-TEST_F(VectorSetTest, AConstantLongitudeShowsLatitudes) {
+TEST_F(TinySetTest, AConstantLongitudeShowsLatitudes) {
   path({{354.5F, -1}, {354.5F, 0.4F}});
   ASSERT_EQ(section.section_kind, kSameLongitude);
   draw(1);
@@ -121,7 +121,7 @@ TEST_F(VectorSetTest, AConstantLongitudeShowsLatitudes) {
   for (std::size_t i = 0; i < 6; ++i) EXPECT_EQ(found[i].colour, expected[i]) << i;
 }
 
-TEST_F(VectorSetTest, ALaterStepKeepsTheRangeAndChangesTheDate) {
+TEST_F(TinySetTest, ALaterStepKeepsTheRangeAndChangesTheDate) {
   path({{354.5F, -1}, {354.5F, 0.4F}});
   draw(1);
   const float kept = DrawItems(1).plot_max;
@@ -132,7 +132,7 @@ TEST_F(VectorSetTest, ALaterStepKeepsTheRangeAndChangesTheDate) {
   EXPECT_EQ(blocks()[0].colour, rgb(245, 0, 0));  // above the range, capped
 }
 
-TEST_F(VectorSetTest, MissingValuesLeaveTheirCellsOpen) {
+TEST_F(TinySetTest, MissingValuesLeaveTheirCellsOpen) {
   Item_shown = 2;  // no value in the southernmost row
   VarShown = ItemMatch(2);
   path({{354.5F, -1}, {354.5F, 0.4F}});
