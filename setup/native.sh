@@ -5,7 +5,8 @@ NATIVE_PACKAGES=(
   # Tools of the builds
   build-essential ccache cmake ninja-build pkg-config
   # Libraries of the native build, of the command line and of the tests
-  googletest libboost-dev libcairo2-dev libcli11-dev libgtest-dev libnetcdf-dev nlohmann-json3-dev
+  googletest libbenchmark-dev libboost-dev libcairo2-dev libcli11-dev libgtest-dev libnetcdf-dev
+  libpugixml-dev nlohmann-json3-dev
   # The face that pictures are lettered in
   fonts-liberation
   # The Windows build: cross-compiler, type library compiler, unpacking of sources

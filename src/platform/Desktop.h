@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 namespace platform {
@@ -14,6 +15,11 @@ class Desktop {
   // A modal message box.
   virtual void ShowMessage(std::string_view text, std::string_view caption, MessageIcon icon) = 0;
   virtual void SetWaitPointer(bool wait) = 0;
+  // The decimal separator of the user's locale.
+  virtual std::string DecimalSeparator() const { return "."; }
+  // Lets what was drawn so far show in the midst of a long drawing. Nothing else may happen
+  // meanwhile: a nested drawing would use the same working lists.
+  virtual void ShowProgress() {}
 };
 
 // The desktop of the control whose member is running; one that does nothing before any

@@ -3,6 +3,7 @@
 #include "colorkey/colorKey.h"
 #include "colorkey/legend.h"
 #include "colorkey/rampColour.h"
+#include "render/SurfaceState.h"
 #include "render/plotFrame.h"
 #include "render/settings.h"
 #include "section/drawItems.h"
@@ -18,29 +19,6 @@ using util::asDouble;
 
 using platform::PictureBox;
 using platform::Pictures;
-
-// The drawing state of a surface, put back however the drawing ends.
-class SurfaceState {
- public:
-  explicit SurfaceState(PictureBox& surface)
-      : surface_(surface),
-        font_(surface.Font),
-        foreColor_(surface.ForeColor),
-        drawWidth_(surface.DrawWidth) {}
-  ~SurfaceState() {
-    surface_.Font = font_;
-    surface_.ForeColor = foreColor_;
-    surface_.DrawWidth = drawWidth_;
-  }
-  SurfaceState(const SurfaceState&) = delete;
-  SurfaceState& operator=(const SurfaceState&) = delete;
-
- private:
-  PictureBox& surface_;
-  platform::Font font_;
-  platform::Colour foreColor_;
-  int32_t drawWidth_;
-};
 
 void setWorldRectangle() {
   plot.WorldX1 = 0.0;

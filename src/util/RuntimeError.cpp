@@ -6,8 +6,6 @@
 namespace util {
 namespace {
 
-constexpr int kInvalidCall = 5;
-
 const char* describe(int number) {
   switch (number) {
     case kInvalidCall:
@@ -24,6 +22,8 @@ const char* describe(int number) {
       return "Type mismatch";
     case kInputPastEnd:
       return "Input past end of file";
+    case kObjectNotSet:
+      return "Object variable or With block variable not set";
     default:
       return "Application-defined or object-defined error";
   }

@@ -16,12 +16,14 @@ class RuntimeError : public std::runtime_error {
   int number_;
 };
 
+inline constexpr int kInvalidCall = 5;
 inline constexpr int kOverflow = 6;
 inline constexpr int kOutOfMemory = 7;
 inline constexpr int kSubscript = 9;
 inline constexpr int kDivisionByZero = 11;
 inline constexpr int kTypeMismatch = 13;
 inline constexpr int kInputPastEnd = 62;
+inline constexpr int kObjectNotSet = 91;
 
 [[noreturn]] void raise(int number);
 

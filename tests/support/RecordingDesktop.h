@@ -25,7 +25,12 @@ class RecordingDesktop : public platform::Desktop {
     if (wait) ++waits;
   }
 
+  std::string DecimalSeparator() const override { return separator; }
+  void ShowProgress() override { ++progress; }
+
   std::vector<Message> messages;
+  std::string separator = ".";
+  int progress = 0;
   bool waiting = false;
   int waits = 0;
 };

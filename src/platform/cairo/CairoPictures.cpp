@@ -11,7 +11,7 @@
 #include "platform/cairo/CairoVectorBox.h"
 #include "platform/cairo/Lettering.h"
 #include "platform/drawableText.h"
-#include "platform/cairo/wholeFile.h"
+#include "platform/files.h"
 #include "util/rounding.h"
 
 namespace platform {

@@ -1,4 +1,4 @@
-#include "platform/cairo/wholeFile.h"
+#include "platform/files.h"
 
 #include <gtest/gtest.h>
 

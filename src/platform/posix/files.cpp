@@ -1,4 +1,4 @@
-#include "platform/cairo/wholeFile.h"
+#include "platform/files.h"
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -45,6 +45,12 @@ fs::path nameBeside(const fs::path& target) {
 }
 
 }  // namespace
+
+bool fileExists(const std::string& path) {
+  std::error_code ignored;
+  const fs::file_status status = fs::status(path, ignored);
+  return fs::exists(status) && !fs::is_directory(status);
+}
 
 void writeWholeFile(const std::string& path, std::string_view contents) {
   std::error_code failure;

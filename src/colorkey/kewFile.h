@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace ModColor {
+
+// KEW files keep colour keys on disk, one for each variable name, as XML:
+// section / variable (name) / division / low, high, color.
+
+// Reads the key of the item shown into ColorKey's lists: the first variable element of its name
+// in document order. Returns the number of divisions, which the caller stores as nDivision; -1,
+// with ColorKey as it was, when the file is missing, malformed or without the variable. A failure
+// midway is reported under "ModColor GetKewCol", gives -1 and keeps the divisions read so far.
+int32_t GetKewCol(const std::string& fileName);
+
+// Writes the key of the item shown into the data set's own KEW file: a new file, or an existing
+// one with this key replaced. Failures are reported under "ModColor SaveKEW".
+void SaveKEW();
+
+// Replaces or adds one variable's key in an existing KEW file, as its last element; everything
+// else in the file is kept. Failures are reported under "ModColor SaveExistingKew" and leave
+// the file as it was.
+void SaveExistingKew(const std::string& fileName, const std::string& variable);
+
+// The data set's own KEW file: its name with the extension "KEW".
+std::string ownKewFile();
+
+}  // namespace ModColor

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace platform {
+
+// File names are UTF-8.
+
+// True for a file that is there, whatever its kind; false for a folder.
+bool fileExists(const std::string& path);
+
+// The whole of a regular file. A failure throws std::runtime_error with a text for the user: a
+// missing or unreadable file, one that is no regular file, one of more than limit bytes.
+std::string readWholeFile(const std::string& path, std::size_t limit);
+
+// Writes a file completely or not at all, and durably: beside its final place, forced to the
+// disk, then renamed. Permissions of a file that was there are kept; a write-protected one is
+// refused. A link is followed; a device or pipe is written straight. A failure throws
+// std::runtime_error with a text for the user, leaves what was there before, and nothing
+// beside it.
+void writeWholeFile(const std::string& path, std::string_view contents);
+
+}  // namespace platform
