@@ -9,6 +9,7 @@
 #include "netcdf/ncf.h"
 #include "netcdf/title.h"
 #include "render/drawVSection.h"
+#include "render/profileView.h"
 #include "render/settings.h"
 #include "section/drawItems.h"
 #include "section/sectionPath.h"
@@ -165,7 +166,7 @@ void KelvaneCtl::ReadAndDraw() {
 void KelvaneCtl::DrawHeld() {
   if (pictures_.Picture1.ScaleWidth() < 1 || pictures_.Picture1.ScaleHeight() < 1) return;
   if (settings.ViewMode == kProfileView) {
-    util::LastError = "[DrawProfile] The profile view is not supported by this version";
+    DrawProfileView(pictures_);
   } else if (settings.ViewMode == kSectionView) {
     DrawVSection(pictures_);
   }

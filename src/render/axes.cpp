@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "render/BoldLettering.h"
 #include "render/degreeTicks.h"
 #include "render/plotFrame.h"
 #include "util/numberText.h"
@@ -14,18 +15,6 @@ using util::asDouble;
 
 using platform::PictureBox;
 using util::storeSingle;
-
-// Axes are lettered in bold, and what is printed after an axis is not.
-class BoldLettering {
- public:
-  explicit BoldLettering(PictureBox& surface) : surface_(surface) { surface_.Font.Bold = true; }
-  ~BoldLettering() { surface_.Font.Bold = false; }
-  BoldLettering(const BoldLettering&) = delete;
-  BoldLettering& operator=(const BoldLettering&) = delete;
-
- private:
-  PictureBox& surface_;
-};
 
 // Calls draw(value, first) for 0, step, 2 step, .. up to and with range. The value is
 // accumulated in single precision; more ticks than a 16-bit counter holds are an overflow.
@@ -78,7 +67,7 @@ void DrawDistanceAxis(PictureBox& surface, float axisLeftX, float axisBottomY, f
 }
 
 void DrawDepthAxis(PictureBox& surface, float axisX, float axisTopY, float unitsPerMetre,
-                   float maxDepth, float depthStart) {
+                   float maxDepth, float depthStart, DepthLabels labels) {
   const BoldLettering bold(surface);
   const bool leftHalf = asDouble(surface.ScaleWidth()) / 2.0 > asDouble(axisX);
   const double outwards = leftHalf ? -1.0 : 1.0;
@@ -89,6 +78,7 @@ void DrawDepthAxis(PictureBox& surface, float axisX, float axisTopY, float units
     const float y = storeSingle((asDouble(value) - asDouble(depthStart)) * asDouble(unitsPerMetre) +
                                 asDouble(axisTopY));
     surface.Line(axisX, y, tickEnd, y, surface.ForeColor);
+    if (labels == DepthLabels::LeftOut) return;
     const std::string label = util::generalText(value) + (first ? " m" : "");
     surface.PrintAt(asDouble(tickEnd) + outwards * asDouble(surface.TextWidth(label)),
                     asDouble(y) - textHeight / 2.0, label);

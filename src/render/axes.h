@@ -13,8 +13,12 @@ namespace KelvaneMain {
 void DrawDistanceAxis(platform::PictureBox& surface, float axisLeftX, float axisBottomY,
                       float unitsPerWorld, float axisLength, float axisStart);
 
+// Whether the depths are printed at their ticks; side by side, graphs share the first one's.
+enum class DepthLabels { Printed, LeftOut };
+
 // Ticks and labels along a vertical edge; they go outwards from the surface's nearer side.
 void DrawDepthAxis(platform::PictureBox& surface, float axisX, float axisTopY, float unitsPerMetre,
-                   float maxDepth, float depthStart);
+                   float maxDepth, float depthStart,
+                   DepthLabels labels = DepthLabels::Printed);
 
 }  // namespace KelvaneMain

@@ -107,16 +107,6 @@ TEST_F(Members, DrawTheHeldSectionAgainWithoutReading) {
   EXPECT_FALSE(boxes.picSection.of(Kind::Box).empty());
 }
 
-TEST_F(Members, LeaveTheProfileViewForLater) {
-  ASSERT_NO_FATAL_FAILURE(openAlongLatitude());
-  control.DrawProfile(true);
-  control.Draw();
-  EXPECT_EQ(control.ErrorMessage(),
-            "[DrawProfile] The profile view is not supported by this version");
-  EXPECT_EQ(section_values.value(1, 1), 15.82F) << "the values are read all the same";
-  EXPECT_TRUE(boxes.Picture1.operations.empty());
-}
-
 TEST_F(Members, SayWhatThisVersionDoesNotSupport) {
   control.ShowOptions();
   EXPECT_EQ(control.ErrorMessage(),

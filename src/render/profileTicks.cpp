@@ -1,0 +1,45 @@
+#include "render/profileTicks.h"
+
+#include <cmath>
+#include <cstdint>
+
+#include "util/numberText.h"
+#include "util/rounding.h"
+
+namespace KelvaneMain {
+namespace {
+
+using util::asDouble;
+
+// What rounding can add to a tick, in intervals: far more than single precision does over an
+// axis of some ticks, far less than anybody can see.
+constexpr double kNoise = 1e-4;
+
+// The number that a reader sees when a single is printed: 0.1, not 0.10000000149.
+double asPrinted(float value) { return util::leadingNumber(util::generalText(value)); }
+
+}  // namespace
+
+std::vector<ValueTick> valueTicks(float minimum, float maximum, float interval) {
+  std::vector<ValueTick> ticks;
+  const double noise = kNoise * asDouble(interval);
+  if (!(noise > 0.0)) return ticks;
+  const double printedMinimum = asPrinted(minimum);
+  const double printedInterval = asPrinted(interval);
+  int16_t counter = 0;
+  for (;;) {
+    const double exact = asDouble(minimum) + counter * asDouble(interval);
+    if (!(exact <= asDouble(maximum) + noise)) return ticks;
+    if (exact >= asDouble(maximum) - noise) {
+      ticks.push_back({maximum, util::generalText(maximum)});
+      return ticks;
+    }
+    // Sums of the printed numbers: of the stored ones, -0.3 + 3 x 0.1 is not 0 but -7.450581E-09.
+    const double printed = printedMinimum + counter * printedInterval;
+    const float labelled = std::fabs(printed) < noise ? 0.0F : util::storeSingle(printed);
+    ticks.push_back({util::storeSingle(exact), util::generalText(labelled)});
+    counter = util::addInteger(counter, 1);
+  }
+}
+
+}  // namespace KelvaneMain
