@@ -2,7 +2,8 @@
 // and every drawing operation on surfaces with fixed metrics. The native and the Windows build
 // of this program must write the same bytes for the same data sets.
 //
-// Usage: section_dump OUT FILE VARIABLE "lon,lat lon,lat ..." TIME WIDTHxHEIGHT
+// Usage: section_dump OUT FILE VARIABLE "lon,lat lon,lat ..." TIME WIDTHxHEIGHT [VIEW]
+// VIEW: profiles (a graph each) or profiles-single; the section without it.
 #include <bit>
 #include <charconv>
 #include <cstdint>
@@ -17,6 +18,7 @@
 #include "control/KelvaneCtl.h"
 #include "netcdf/ncf.h"
 #include "netcdf/title.h"
+#include "render/settings.h"
 #include "section/drawItems.h"
 #include "section/sectionPath.h"
 #include "section/sectionValues.h"
@@ -101,6 +103,16 @@ std::vector<float> numbersOf(const std::string& text) {
   return numbers;
 }
 
+// False for a view that there is none of.
+bool chooseView(control::KelvaneCtl& ctl, const std::string& view) {
+  if (view == "profiles" || view == "profiles-single") {
+    ctl.DrawProfile(true);
+    settings.ProfileStyle = view == "profiles" ? 0 : 1;
+    return true;
+  }
+  return view.empty();
+}
+
 int run(const std::vector<std::string>& args) {
   support::RecordingDesktop desktop;
   const std::vector<float> size = numbersOf(args[5]);
@@ -110,6 +122,10 @@ int run(const std::vector<std::string>& args) {
   if (ctl.NcFile(args[1]) != 1 || ctl.SetVarByName(args[2]) != 1) {
     std::cerr << ctl.ErrorMessage() << '\n';
     return 1;
+  }
+  if (!chooseView(ctl, args.size() > 6 ? args[6] : "")) {
+    std::cerr << "no view " << args[6] << '\n';
+    return 2;
   }
   ctl.NewSection();
   const std::vector<float> path = numbersOf(args[3]);
@@ -137,8 +153,8 @@ int run(const std::vector<std::string>& args) {
 
 int main(int argc, char** argv) {
   const std::vector<std::string> args(argv + 1, argv + argc);
-  if (args.size() != 6) {
-    std::cerr << "usage: section_dump OUT FILE VARIABLE PATH TIME WIDTHxHEIGHT\n";
+  if (args.size() != 6 && args.size() != 7) {
+    std::cerr << "usage: section_dump OUT FILE VARIABLE PATH TIME WIDTHxHEIGHT [VIEW]\n";
     return 2;
   }
   return run(args);
