@@ -4,12 +4,14 @@
 #include "colorkey/legend.h"
 #include "colorkey/rampColour.h"
 #include "render/SurfaceState.h"
+#include "render/contourLines.h"
 #include "render/plotFrame.h"
 #include "render/settings.h"
 #include "section/drawItems.h"
 #include "section/sectionValues.h"
 #include "util/RuntimeError.h"
 #include "util/lastError.h"
+#include "util/ocxMinmax.h"
 #include "util/rounding.h"
 
 namespace KelvaneMain {
@@ -42,6 +44,25 @@ void DrawLegend(PictureBox& surface) {
   draw(surface, x, plot.TopMargin, util::storeSingle(width), height);
 }
 
+// The lines follow the held grid and the mapping of the frame just drawn. The plotting interval
+// stays as it is, whatever the lines make of theirs.
+void DrawContours(PictureBox& surface, const DrawItem& item) {
+  const SectionGrid& grid = section_values;
+  // Raised as the levels' number has always been; the interval alone decides on the levels.
+  settings.ContourLevels = ocxMinmax::MaxLong(settings.ContourLevels, 1);
+  if (grid.nlevels() < 2) return;
+  const OcxContr::ContourField field{grid.ncols(), grid.nlevels(), grid.values(), grid.marks(),
+                                     grid.depths};
+  OcxContr::ContourStyle style;
+  style.rangeMaximum = item.plot_max;
+  style.rangeMinimum = item.plot_min;
+  style.lineColour = settings.ContourLineColor;
+  style.yStep = -asDouble(grid.section_depth_max) / (grid.nlevels() - 1);
+  float interval = item.plot_interval;
+  surface.DrawWidth = 1;
+  OcxContr::DrawContourLines(surface, field, interval, style);
+}
+
 void DrawSteps(Pictures& pictures) {
   PictureBox& surface = pictures.picSection;
   settings.ShowDistanceAxis = 1;
@@ -49,11 +70,14 @@ void DrawSteps(Pictures& pictures) {
   surface.Font.Bold = true;
   if (settings.ShowTitles != 0) DrawTitles(pictures.picDateTime, surface);
   if (section_values.empty()) util::raise(util::kSubscript);  // nothing was ever read
+  const DrawItem& item = DrawItems(Item_shown);
   setWorldRectangle();
-  setValueRange(DrawItems(Item_shown));
-  DrawFrameAndAxes(surface);
+  setValueRange(item);
+  const int frame = DrawFrameAndAxes(surface);
   surface.Font.Bold = false;
   if (settings.ShowLegend == 1) DrawLegend(surface);
+  // Without a mapping of this frame a line would have no place.
+  if (settings.ViewStyle > 0 && frame == 0) DrawContours(pictures.picContours, item);
 }
 
 // White is neutral in every transfer, so the inks of all surfaces meet on the visible one.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <vector>
 
 #include "util/OneBased.h"
@@ -27,6 +28,9 @@ class SectionGrid {
   float value(int32_t c, int32_t k) const { return values_[place(c, k)]; }
   // 1 where a value stands, 0 where none does; 2..9 are never stored by the reader.
   int16_t mark(int32_t c, int32_t k) const { return marks_[place(c, k)]; }
+  // The whole grid, levels of a column side by side; valid until the next size().
+  std::span<const float> values() const { return values_; }
+  std::span<const int16_t> marks() const { return marks_; }
   // Stores a value and marks it.
   void store(int32_t c, int32_t k, float value);
 
