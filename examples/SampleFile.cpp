@@ -5,10 +5,9 @@
 #include <cmath>
 #include <cstdint>
 #include <filesystem>
+#include <span>
 #include <stdexcept>
 #include <vector>
-
-#include "SampleOcean.h"
 
 namespace sample {
 namespace {
@@ -31,7 +30,8 @@ void must(int status, const std::string& what) {
 
 class Writer {
  public:
-  Writer(const std::string& path, Format format) : path_(path), format_(format) {
+  Writer(const Sea& sea, const std::string& path, Format format)
+      : sea_(sea), path_(path), format_(format) {
     const int mode = format == Format::Compressed ? NC_NETCDF4 : 0;
     must(nc_create(path.c_str(), NC_CLOBBER | mode, &ncid_), path_);
   }
@@ -64,6 +64,7 @@ class Writer {
   int packed(const char* name, const std::vector<int>& dims, const char* longName,
              const char* units, const Packing& packing) const;
 
+  const Sea& sea_;
   std::string path_;
   Format format_;
   int ncid_ = -1;
@@ -88,8 +89,8 @@ int Writer::packed(const char* name, const std::vector<int>& dims, const char* l
   must(nc_put_att_short(ncid_, id, "_FillValue", NC_SHORT, 1, &kFill), path_);
   if (format_ == Format::Compressed) {
     std::vector<std::size_t> chunk(dims.size(), 1);
-    chunk[dims.size() - 2] = kLatitudes;
-    chunk[dims.size() - 1] = kLongitudes;
+    chunk[dims.size() - 2] = sea_.latitudes.size();
+    chunk[dims.size() - 1] = sea_.longitudes.size();
     must(nc_def_var_chunking(ncid_, id, NC_CHUNKED, chunk.data()), path_);
     must(nc_def_var_deflate(ncid_, id, 1, 1, 4), path_);
   }
@@ -98,9 +99,9 @@ int Writer::packed(const char* name, const std::vector<int>& dims, const char* l
 
 void Writer::define() {
   const int time = dimension("time", NC_UNLIMITED);
-  const int depth = dimension("depth", kLevels);
-  const int lat = dimension("lat", kLatitudes);
-  const int lon = dimension("lon", kLongitudes);
+  const int depth = dimension("depth", sea_.depths.size());
+  const int lat = dimension("lat", sea_.latitudes.size());
+  const int lon = dimension("lon", sea_.longitudes.size());
   time_ = variable("time", NC_DOUBLE, {time}, "time", "days since 2020-01-01 00:00:00");
   depth_ = variable("depth", NC_FLOAT, {depth}, "depth", "m");
   text(depth_, "positive", "down");
@@ -109,7 +110,7 @@ void Writer::define() {
   temp_ = packed("temp", {time, depth, lat, lon}, "potential temperature", "degC", kTemperature);
   salt_ = packed("salt", {time, depth, lat, lon}, "practical salinity", "1e-3", kSalinity);
   ssh_ = packed("ssh", {time, lat, lon}, "sea surface height", "m", kSeaLevel);
-  text(NC_GLOBAL, "title", "A western boundary ocean, monthly means");
+  text(NC_GLOBAL, "title", sea_.title);
   text(NC_GLOBAL, "Conventions", "CF-1.8");
   text(NC_GLOBAL, "history", "computed by make_sample from closed formulas");
   text(NC_GLOBAL, "comment", "a made-up ocean: no measurement and no model run stands behind it");
@@ -117,51 +118,46 @@ void Writer::define() {
 }
 
 void Writer::writeCoordinates() const {
-  std::vector<double> values;
-  for (int i = 0; i < kLongitudes; ++i) values.push_back(longitude(i));
-  must(nc_put_var_double(ncid_, lon_, values.data()), path_);
-  values.clear();
-  for (int j = 0; j < kLatitudes; ++j) values.push_back(latitude(j));
-  must(nc_put_var_double(ncid_, lat_, values.data()), path_);
-  must(nc_put_var_double(ncid_, depth_, kDepths.data()), path_);
+  must(nc_put_var_double(ncid_, lon_, sea_.longitudes.data()), path_);
+  must(nc_put_var_double(ncid_, lat_, sea_.latitudes.data()), path_);
+  must(nc_put_var_double(ncid_, depth_, sea_.depths.data()), path_);
 }
 
 void Writer::writeStep(int step) const {
-  constexpr std::size_t kPlane = static_cast<std::size_t>(kLongitudes) * kLatitudes;
-  std::vector<short> temp(kPlane * kLevels, kFill), salt(temp), ssh(kPlane, kFill);
-  for (int j = 0; j < kLatitudes; ++j) {
-    for (int i = 0; i < kLongitudes; ++i) {
-      const double bottom = bottomDepth(longitude(i), latitude(j));
-      if (bottom <= 0.0) continue;
-      const WaterColumn water(longitude(i), latitude(j), step);
-      std::size_t place = static_cast<std::size_t>(j) * kLongitudes + static_cast<std::size_t>(i);
-      ssh[place] = kSeaLevel.raw(water.seaLevel());
-      for (const double depth : kDepths) {
-        if (depth >= bottom) break;
-        temp[place] = kTemperature.raw(water.temperature(depth));
-        salt[place] = kSalinity.raw(water.salinity(depth));
-        place += kPlane;
-      }
+  const std::size_t nlat = sea_.latitudes.size(), nlon = sea_.longitudes.size();
+  const std::size_t plane = nlat * nlon, levels = sea_.depths.size();
+  std::vector<short> temp(plane * levels, kFill), salt(temp), ssh(plane, kFill);
+  for (std::size_t place = 0; place < plane; ++place) {
+    const double lon = sea_.longitudes[place % nlon], lat = sea_.latitudes[place / nlon];
+    const double bottom = sea_.bottomDepth(lon, lat);
+    if (bottom <= 0.0) continue;
+    std::size_t wet = 0;
+    while (wet < levels && sea_.depths[wet] < bottom) ++wet;
+    const WaterColumn water = sea_.water(lon, lat, step, std::span(sea_.depths).first(wet));
+    ssh[place] = kSeaLevel.raw(water.seaLevel);
+    for (std::size_t k = 0; k < wet; ++k) {
+      temp[k * plane + place] = kTemperature.raw(water.temperature[k]);
+      salt[k * plane + place] = kSalinity.raw(water.salinity[k]);
     }
   }
   const std::size_t record = static_cast<std::size_t>(step);
   const double day = midMonth(step);
   must(nc_put_var1_double(ncid_, time_, &record, &day), path_);
   const std::size_t start[] = {record, 0, 0, 0};
-  const std::size_t count[] = {1, kLevels, kLatitudes, kLongitudes};
+  const std::size_t count[] = {1, levels, nlat, nlon};
   must(nc_put_vara_short(ncid_, temp_, start, count, temp.data()), path_);
   must(nc_put_vara_short(ncid_, salt_, start, count, salt.data()), path_);
-  const std::size_t flat[] = {1, kLatitudes, kLongitudes};
+  const std::size_t flat[] = {1, nlat, nlon};
   must(nc_put_vara_short(ncid_, ssh_, start, flat, ssh.data()), path_);
 }
 
 }  // namespace
 
-void writeOcean(const std::string& path, Format format) {
+void writeSea(const Sea& sea, const std::string& path, Format format) {
   // Written beside and renamed, so that nobody ever finds half a data set.
   const std::string part = path + ".part";
   try {
-    Writer writer(part, format);
+    Writer writer(sea, part, format);
     writer.define();
     writer.writeCoordinates();
     for (int step = 0; step < kSteps; ++step) writer.writeStep(step);

@@ -1,19 +1,11 @@
 #include "SampleOcean.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace sample {
 namespace {
-
-// From 0 far below zero to 1 far above it, a half at zero.
-double rise(double x) { return 0.5 * (1.0 + x / std::sqrt(1.0 + x * x)); }
-
-// 1 at the centre, falling to a quarter one radius away.
-double bump(double dx, double dy, double radius) {
-  const double q = 1.0 + (dx * dx + dy * dy) / (radius * radius);
-  return 1.0 / (q * q);
-}
 
 struct Eddy {
   double lon, lat;    // where its centre is in the middle of the year
@@ -31,42 +23,31 @@ constexpr std::array<Eddy, 6> kEddies = {{{288.15, 33.2, 0.78, 185.0},
                                           {295.2, 38.2, 0.70, -90.0}}};
 constexpr double kDriftPerMonth = -0.11;  // degrees; eddies drift to the west
 
-// cos(2 pi (month - August) / 12) for January to December.
-constexpr double kHalfRootThree = 0.8660254037844386;
-constexpr std::array<double, kSteps> kSeasons = {
-    -kHalfRootThree, -1.0, -kHalfRootThree, -0.5, 0.0, 0.5,
-    kHalfRootThree,  1.0,  kHalfRootThree,  0.5,  0.0, -0.5};
-
 // Degrees of longitude east of the coast, which bends to the west going north.
 double offshore(double lon, double lat) {
   const double north = lat - 30.0;
   return lon - (285.9 - 0.30 * north + 0.012 * north * north);
 }
 
-}  // namespace
+// One column of water in one month.
+class Column {
+ public:
+  Column(double lon, double lat, int step);
 
-double longitude(int i) { return 284.0 + 0.125 * i; }
-double latitude(int j) { return 30.0 + 0.125 * j; }
+  double temperature(double depth) const;  // degrees Celsius
+  double salinity(double depth) const;     // practical salinity
+  double seaLevel() const;                 // metres
 
-double midMonth(int step) {
-  constexpr std::array<double, kSteps> kMiddles = {15.5,  45.0,  75.5,  106.0, 136.5, 167.0,
-                                                   197.5, 228.5, 259.0, 289.5, 320.0, 350.5};
-  return kMiddles.at(static_cast<std::size_t>(step));
-}
+ private:
+  double season_;       // -1 in the coldest month, 1 in the warmest
+  double north_;        // 0 at the southern edge of the grid, 1 at the northern
+  double coast_;        // 1 on the inner shelf, 0 far from it
+  double thermocline_;  // depth of the middle of the main thermocline
+  double mixedLayer_;   // depth of the mixed layer
+};
 
-double bottomDepth(double lon, double lat) {
-  const double sea = offshore(lon, lat);
-  if (sea <= 0.0) return 0.0;
-  const double shelf = 12.0 + 70.0 * sea;
-  const double slope = std::max(0.0, sea - 1.2);
-  const double deep = shelf + 3200.0 * slope * slope / (3.0 + slope * slope);
-  const double x = (lon - 291.3) * 0.83, y = lat - 34.5;
-  const double seamount = 300.0 + 1300.0 * std::sqrt(x * x + y * y);
-  return std::min(deep, seamount);
-}
-
-WaterColumn::WaterColumn(double lon, double lat, int step)
-    : season_(kSeasons.at(static_cast<std::size_t>(step))),
+Column::Column(double lon, double lat, int step)
+    : season_(season(step)),
       north_((lat - 30.0) / 10.0),
       coast_(rise((1.3 - offshore(lon, lat)) / 0.35)),
       thermocline_(440.0 - 90.0 * north_ - 230.0 * coast_),
@@ -79,7 +60,7 @@ WaterColumn::WaterColumn(double lon, double lat, int step)
   }
 }
 
-double WaterColumn::temperature(double depth) const {
+double Column::temperature(double depth) const {
   const double deep = 3.6 + 1.2 * rise((700.0 - depth) / 220.0);
   const double main = (9.2 - 1.6 * north_) * rise((thermocline_ - depth) / 85.0);
   const double upper = (4.2 - 1.8 * north_ - coast_) * rise((0.46 * thermocline_ - depth) / 42.0);
@@ -88,7 +69,7 @@ double WaterColumn::temperature(double depth) const {
   return deep + main + upper + surface;
 }
 
-double WaterColumn::salinity(double depth) const {
+double Column::salinity(double depth) const {
   const double main = 1.25 * rise((thermocline_ - depth) / 95.0);
   // Evaporation makes the water below the mixed layer the saltiest, rivers freshen the shelf.
   const double core = 0.55 * bump((depth - 0.42 * thermocline_) / 100.0, 0.0, 1.0);
@@ -97,6 +78,39 @@ double WaterColumn::salinity(double depth) const {
   return 34.95 + main + core - fresh;
 }
 
-double WaterColumn::seaLevel() const { return (thermocline_ - 380.0) / 420.0 + 0.05 * season_; }
+double Column::seaLevel() const { return (thermocline_ - 380.0) / 420.0 + 0.05 * season_; }
+
+}  // namespace
+
+SampleOcean::SampleOcean() {
+  title = "A western boundary ocean, monthly means";
+  longitudes = evenly(284.0, 0.125, 121);
+  latitudes = evenly(30.0, 0.125, 81);
+  depths = {0,   10,  20,  30,  40,  50,  60,  70,  85,  100, 115, 130, 145, 160, 180, 200,
+            220, 240, 265, 290, 320, 350, 385, 420, 460, 500, 550, 600, 660, 720, 790, 860};
+}
+
+double SampleOcean::bottomDepth(double lon, double lat) const {
+  const double sea = offshore(lon, lat);
+  if (sea <= 0.0) return 0.0;
+  const double shelf = 12.0 + 70.0 * sea;
+  const double slope = std::max(0.0, sea - 1.2);
+  const double deep = shelf + 3200.0 * slope * slope / (3.0 + slope * slope);
+  const double x = (lon - 291.3) * 0.83, y = lat - 34.5;
+  const double seamount = 300.0 + 1300.0 * std::sqrt(x * x + y * y);
+  return std::min(deep, seamount);
+}
+
+WaterColumn SampleOcean::water(double lon, double lat, int step,
+                               std::span<const double> wanted) const {
+  const Column column(lon, lat, step);
+  WaterColumn water;
+  for (const double depth : wanted) {
+    water.temperature.push_back(column.temperature(depth));
+    water.salinity.push_back(column.salinity(depth));
+  }
+  water.seaLevel = column.seaLevel();
+  return water;
+}
 
 }  // namespace sample

@@ -1,3 +1,4 @@
+#include <filesystem>
 #include <fstream>
 #include <nlohmann/json.hpp>
 
@@ -84,6 +85,36 @@ TEST_F(Sample, HasAShoreASlopeAndAThermocline) {
   }
   EXPECT_GT(reachingDown, 30);
   EXPECT_GT(endingAbove, 15);
+}
+
+TEST_F(Sample, HasAnOceanAcrossTheDateLine) {
+  make();
+  const Result result = kelvane({"info", "--json", "out/pacific.nc"});
+  EXPECT_EQ(result.status, 0) << result.err;
+  const json listed = json::parse(result.out);
+  EXPECT_EQ(listed["coordinates"]["longitude"]["first"], 120.0);
+  EXPECT_EQ(listed["coordinates"]["longitude"]["last"], 300.0);
+  EXPECT_EQ(listed["coordinates"]["latitude"]["first"], -60.0);
+  EXPECT_EQ(listed["time_steps"].size(), 12U);
+  EXPECT_EQ(listed["items"].size(), 2U);
+  EXPECT_EQ(contents("out/pacific.nc").substr(0, 4), "CDF\x01");
+  EXPECT_LT(std::filesystem::file_size(file("out/pacific.nc")), 10000000U);
+
+  // Along the equator the surface is warmer in the west, the water below colder in the east.
+  const Result equator = kelvane(
+      {"values", "out/pacific.nc", "--var", "temp", "--path", "130,0 278,0", "--time", "1"});
+  EXPECT_EQ(equator.status, 0) << equator.err;
+  const std::vector<Row> rows = parseCsv(equator.out);
+  std::optional<float> west, east, westDeep, eastDeep;
+  for (const Row& row : rows) {
+    if (row.lon == 150.0F && row.depth == 0.0F) west = row.value;
+    if (row.lon == 270.0F && row.depth == 0.0F) east = row.value;
+    if (row.lon == 150.0F && row.depth == 120.0F) westDeep = row.value;
+    if (row.lon == 270.0F && row.depth == 120.0F) eastDeep = row.value;
+  }
+  ASSERT_TRUE(west && east && westDeep && eastDeep);
+  EXPECT_GT(*west, *east + 3.0F);
+  EXPECT_GT(*westDeep, *eastDeep + 8.0F);
 }
 
 TEST_F(Sample, WrongUseAndUnwritableFoldersAreReported) {
