@@ -80,11 +80,15 @@ void drawPage(CairoSurface surface, const CairoVectorBox& box, double unitsPerPi
 
 template <class Box>
 struct FourBoxes {
-  explicit FourBoxes(Lettering::Grid grid) : lettering(grid) {}
+  // The contour lines cross coloured cells: they are combined with them bit by bit, so the edges
+  // of pixels must be hard there. The other surfaces are combined on white only.
+  FourBoxes(Lettering::Grid grid, Edges contourEdges)
+      : lettering(grid), contourLettering(grid, contourEdges) {}
   Pictures pictures() { return {Picture1, picDateTime, picSection, picContours}; }
 
-  Lettering lettering;
-  Box Picture1{lettering}, picDateTime{lettering}, picSection{lettering}, picContours{lettering};
+  Lettering lettering, contourLettering;
+  Box Picture1{lettering}, picDateTime{lettering}, picSection{lettering};
+  Box picContours{contourLettering};
 };
 
 }  // namespace
@@ -104,9 +108,9 @@ struct CairoPictures::Boxes {
 
 CairoPictures::CairoPictures(Kind kind) : boxes_(std::make_unique<Boxes>()) {
   if (kind == Kind::Pixels) {
-    boxes_->pixels.emplace(Lettering::Grid::WholePixels);
+    boxes_->pixels.emplace(Lettering::Grid::WholePixels, Edges::Hard);
   } else {
-    boxes_->vectors.emplace(Lettering::Grid::None);
+    boxes_->vectors.emplace(Lettering::Grid::None, Edges::Soft);
   }
 }
 

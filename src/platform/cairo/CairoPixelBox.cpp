@@ -2,9 +2,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 
-#include "platform/drawableText.h"
 #include "platform/clipLine.h"
+#include "platform/drawableText.h"
 #include "util/rounding.h"
 
 namespace platform {
@@ -62,10 +63,14 @@ cairo_t* CairoPixelBox::drawWithCairo() {
   return context_.get();
 }
 
-void CairoPixelBox::fill(const PixelBox& box, Colour colour) {
-  if (!surface_ || box.empty()) return;
+void CairoPixelBox::beginWriting() {
   if (!writtenDirectly_) cairo_surface_flush(surface_.get());
   writtenDirectly_ = true;
+}
+
+void CairoPixelBox::fill(const PixelBox& box, Colour colour) {
+  if (!surface_ || box.empty()) return;
+  beginWriting();
   const uint32_t pixel = pixelOf(colour);
   for (int32_t y = box.top; y <= box.bottom; ++y) {
     std::fill_n(row(y) + box.left, box.right - box.left + 1, pixel);
@@ -95,13 +100,47 @@ void CairoPixelBox::Line(float x1, float y1, float x2, float y2, Colour colour) 
     fill(pixelBox(x - before, y1, x + after, y2, width_, height_), colour);
   } else if (const auto line = clipLine({asDouble(x1), asDouble(y1), asDouble(x2), asDouble(y2)},
                                         width_, height_, thickness)) {
-    cairo_t* context = drawWithCairo();
-    setColour(context, colour);
-    cairo_set_line_width(context, thickness);
-    cairo_set_line_cap(context, CAIRO_LINE_CAP_ROUND);
-    cairo_move_to(context, line->x1 + 0.5, line->y1 + 0.5);
-    cairo_line_to(context, line->x2 + 0.5, line->y2 + 0.5);
-    cairo_stroke(context);
+    drawSlanted(*line, thickness, colour);
+  }
+}
+
+void CairoPixelBox::drawSlanted(const LinePiece& line, int32_t thickness, Colour colour) {
+  const bool hard = lettering_.edges() == Edges::Hard;
+  if (hard && thickness == 1) {
+    drawThin(line, colour);
+    return;
+  }
+  cairo_t* context = drawWithCairo();
+  setColour(context, colour);
+  cairo_set_antialias(context, hard ? CAIRO_ANTIALIAS_NONE : CAIRO_ANTIALIAS_DEFAULT);
+  cairo_set_line_width(context, thickness);
+  cairo_set_line_cap(context, CAIRO_LINE_CAP_ROUND);
+  cairo_move_to(context, line.x1 + 0.5, line.y1 + 0.5);
+  cairo_line_to(context, line.x2 + 0.5, line.y2 + 0.5);
+  cairo_stroke(context);
+}
+
+// One pixel a step between the pixels of the two ends, both included, so that lines that share an
+// end share its pixel and look continuous.
+void CairoPixelBox::drawThin(const LinePiece& line, Colour colour) {
+  int32_t x = util::roundToLong(line.x1), y = util::roundToLong(line.y1);
+  const int32_t endX = util::roundToLong(line.x2), endY = util::roundToLong(line.y2);
+  const int32_t dx = std::abs(endX - x), dy = std::abs(endY - y);
+  const int32_t stepX = endX < x ? -1 : 1, stepY = endY < y ? -1 : 1;
+  const uint32_t pixel = pixelOf(colour);
+  beginWriting();
+  for (int32_t error = dx - dy;;) {
+    if (x >= 0 && y >= 0 && x < width_ && y < height_) row(y)[x] = pixel;
+    if (x == endX && y == endY) return;
+    const int32_t twice = 2 * error;
+    if (twice > -dy) {
+      error -= dy;
+      x += stepX;
+    }
+    if (twice < dx) {
+      error += dx;
+      y += stepY;
+    }
   }
 }
 
@@ -124,8 +163,7 @@ void CairoPixelBox::AndFrom(const PictureBox& source) {
   const auto& from = dynamic_cast<const CairoPixelBox&>(source);
   if (!surface_ || !from.surface_) return;
   cairo_surface_flush(from.surface_.get());
-  if (!writtenDirectly_) cairo_surface_flush(surface_.get());
-  writtenDirectly_ = true;
+  beginWriting();
   const int32_t width = std::min(width_, from.width_);
   for (int32_t y = 0; y < std::min(height_, from.height_); ++y) {
     uint32_t* pixels = row(y);

@@ -5,11 +5,13 @@
 #include "platform/PictureBox.h"
 #include "platform/cairo/Lettering.h"
 #include "platform/cairo/cairoHandles.h"
+#include "platform/clipLine.h"
 
 namespace platform {
 
-// A picture box of pixels in memory. Boxes and the lines along the axes are written straight
-// into the pixels; text and slanted lines are drawn by Cairo with soft edges.
+// A picture box of pixels in memory. Boxes, the lines along the axes and the thin lines of hard
+// edges are written straight into the pixels; text and other slanted lines are drawn by Cairo.
+// The edges are those of the lettering.
 class CairoPixelBox : public PictureBox {
  public:
   static constexpr int32_t kLargestSide = 32767;
@@ -40,6 +42,9 @@ class CairoPixelBox : public PictureBox {
   void makeSurface();
   uint32_t* row(int32_t y) const;
   void fill(const PixelBox& box, Colour colour);
+  void drawSlanted(const LinePiece& line, int32_t thickness, Colour colour);
+  void drawThin(const LinePiece& line, Colour colour);
+  void beginWriting();
   // Cairo and direct writing take turns: each side is told of the other's work.
   cairo_t* drawWithCairo();
 

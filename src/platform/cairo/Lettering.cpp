@@ -24,11 +24,15 @@ void setColour(cairo_t* context, Colour colour) {
 }
 
 // Every choice is made here, so that the desktop's own settings for text do not reach a picture.
-Lettering::Lettering(Grid grid) : grid_(grid), options_(cairo_font_options_create()) {
+Lettering::Lettering(Grid grid, Edges edges)
+    : grid_(grid), edges_(edges), options_(cairo_font_options_create()) {
   const bool pixels = grid == Grid::WholePixels;
-  cairo_font_options_set_antialias(options_.get(), CAIRO_ANTIALIAS_GRAY);
-  cairo_font_options_set_hint_style(options_.get(),
-                                    pixels ? CAIRO_HINT_STYLE_SLIGHT : CAIRO_HINT_STYLE_NONE);
+  const bool hard = edges == Edges::Hard;
+  cairo_font_options_set_antialias(options_.get(),
+                                   hard ? CAIRO_ANTIALIAS_NONE : CAIRO_ANTIALIAS_GRAY);
+  // Letters without grey need the face's own instructions to be read at all.
+  const cairo_hint_style_t pixelStyle = hard ? CAIRO_HINT_STYLE_FULL : CAIRO_HINT_STYLE_SLIGHT;
+  cairo_font_options_set_hint_style(options_.get(), pixels ? pixelStyle : CAIRO_HINT_STYLE_NONE);
   cairo_font_options_set_hint_metrics(options_.get(),
                                       pixels ? CAIRO_HINT_METRICS_ON : CAIRO_HINT_METRICS_OFF);
 }

@@ -12,12 +12,17 @@ namespace platform {
 // Red, green and blue of a colour as the source of the drawing that follows.
 void setColour(cairo_t* context, Colour colour);
 
+// Whether the edges of letters and slanted lines on pixels are blended with what is below. Hard
+// ones are for surfaces that are combined with others bit by bit, which turns grey into stains.
+enum class Edges { Soft, Hard };
+
 // Text in the one face of the pictures, at 96 dots per inch. Pixels are lettered with whole
 // advances, so that what is measured is what is drawn; vectors with the face's own.
 class Lettering {
  public:
   enum class Grid { WholePixels, None };
-  explicit Lettering(Grid grid);
+  explicit Lettering(Grid grid, Edges edges = Edges::Soft);
+  Edges edges() const { return edges_; }
 
   float width(const std::string& drawable, const Font& font) const;
   // The full line: ascent and descent.
@@ -36,6 +41,7 @@ class Lettering {
   const Letters& letters(const Font& font) const;
 
   Grid grid_;
+  Edges edges_;
   CairoFontOptions options_;
   mutable std::map<std::tuple<double, bool, bool>, Letters> cache_;
 };
