@@ -3,7 +3,7 @@
 // of this program must write the same bytes for the same data sets.
 //
 // Usage: section_dump OUT FILE VARIABLE "lon,lat lon,lat ..." TIME WIDTHxHEIGHT [VIEW]
-// VIEW: profiles (a graph each) or profiles-single; the section without it.
+// VIEW: profiles (a graph each), profiles-single, or contours; the section alone without it.
 #include <bit>
 #include <charconv>
 #include <cstdint>
@@ -108,6 +108,10 @@ bool chooseView(control::KelvaneCtl& ctl, const std::string& view) {
   if (view == "profiles" || view == "profiles-single") {
     ctl.DrawProfile(true);
     settings.ProfileStyle = view == "profiles" ? 0 : 1;
+    return true;
+  }
+  if (view == "contours") {
+    settings.ViewStyle = 1;
     return true;
   }
   return view.empty();
