@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "colorkey/colorKey.h"
+#include "colorkey/initColorKey.h"
+#include "colorkey/kewFile.h"
 #include "netcdf/catalogue.h"
 #include "netcdf/geoWindow.h"
 #include "netcdf/identify.h"
@@ -53,10 +55,10 @@ int16_t KelvaneCtl::NcFile(const std::string& filename) {
   return ocxNetNc::MakeTitle(VarShown, TimeShown) > 0 ? kSuccess : kFailure;
 }
 
-int16_t KelvaneCtl::KewFile(const std::string&) {
-  ModColor::ColorKey.nDivision = -1;
-  util::LastError = "[KewFile] Colour-key files are not supported by this version";
-  return kFailure;
+int16_t KelvaneCtl::KewFile(const std::string& filename) {
+  const DesktopScope scope(desktop_);
+  ModColor::ColorKey.nDivision = ModColor::GetKewCol(filename);
+  return ModColor::ColorKey.nDivision == -1 ? kFailure : kSuccess;
 }
 
 void KelvaneCtl::NewSection() { ClearSectionPoints(); }
@@ -136,8 +138,11 @@ bool KelvaneCtl::UseColorKey() const { return ModColor::bUseKey == -1; }
 
 void KelvaneCtl::UseColorKey(bool use) { ModColor::UseColorKey(use); }
 
+// Always anew, whatever key is there.
 void KelvaneCtl::InitColorKey() {
-  util::LastError = "[InitColorKey] Colour-key files are not supported by this version";
+  const DesktopScope scope(desktop_);
+  ModColor::NewColorKey();
+  ModColor::InitColorKey(ModColor::ownKewFile());
 }
 
 void KelvaneCtl::Resize(int32_t width, int32_t height) {

@@ -1,0 +1,70 @@
+#include "colorkey/initColorKey.h"
+
+#include <chrono>
+#include <cmath>
+#include <random>
+
+#include "colorkey/colorKey.h"
+#include "colorkey/kewFile.h"
+#include "colorkey/randomColour.h"
+#include "platform/Desktop.h"
+#include "platform/files.h"
+#include "section/drawItems.h"
+#include "section/sectionValues.h"
+#include "util/RuntimeError.h"
+#include "util/rounding.h"
+
+namespace ModColor {
+namespace {
+
+using KelvaneMain::DrawItem;
+using util::asDouble;
+using util::storeSingle;
+
+constexpr int32_t kDivisions = 10;
+
+void divideRange(const DrawItem& item) {
+  const auto clock = std::chrono::system_clock::now().time_since_epoch().count();
+  std::mt19937 generator(static_cast<std::mt19937::result_type>(clock));
+  const auto uniform = [&generator] { return static_cast<double>(generator()) / 4294967296.0; };
+  const double minimum = asDouble(item.plot_min);
+  const float step = storeSingle(std::fabs(asDouble(item.plot_max) - minimum) / kDivisions);
+  for (int32_t i = 0; i < kDivisions; ++i) {
+    AddColorKey(storeSingle(i * asDouble(step) + minimum),
+                storeSingle((i + 1) * asDouble(step) + minimum), randomColour(uniform));
+  }
+}
+
+void makeKey(const std::string& fileName) {
+  if (ColorKey.nDivision != 0) return;
+  NewColorKey();
+  if (platform::fileExists(fileName)) {
+    ColorKey.nDivision = GetKewCol(fileName);
+    if (ColorKey.nDivision >= 0) {
+      bUseKey = -1;
+      return;
+    }
+  }
+  // Ten divisions of nothing, once saved, would be found by every later call.
+  if (KelvaneMain::ReadVSData(KelvaneMain::VarShown, KelvaneMain::TimeShown) <= 0) {
+    ColorKey.nDivision = 0;
+    return;
+  }
+  KelvaneMain::RoundPlotRange();
+  divideRange(KelvaneMain::DrawItems(KelvaneMain::Item_shown));
+  bUseKey = -1;
+  SaveKEW();
+}
+
+}  // namespace
+
+void InitColorKey(const std::string& fileName) {
+  try {
+    makeKey(fileName);
+  } catch (...) {
+    platform::desktop().ShowMessage(util::currentError().description, "InitColorKey",
+                                    platform::MessageIcon::Information);
+  }
+}
+
+}  // namespace ModColor

@@ -1,0 +1,136 @@
+#include "colorkey/kewFile.h"
+
+#include "colorkey/colorKey.h"
+#include "colorkey/kewDocument.h"
+#include "colorkey/kewReading.h"
+#include "colorkey/kewText.h"
+#include "netcdf/ncf.h"
+#include "platform/Desktop.h"
+#include "platform/files.h"
+#include "section/drawItems.h"
+#include "util/RuntimeError.h"
+#include "util/lastError.h"
+#include "util/numberText.h"
+#include "util/ocxStrings.h"
+#include "util/rounding.h"
+
+namespace ModColor {
+namespace {
+
+const std::string& shownVariable() { return KelvaneMain::DrawItems(KelvaneMain::Item_shown).name; }
+
+// Names stand between double quotes in the query for their key: one with a quote of its own would
+// end it early and could make it another, wider query.
+void checkQueryable(const std::string& name) {
+  if (name.find('"') != std::string::npos) util::raise(util::kInvalidCall);
+}
+
+int32_t readKey(const std::string& fileName, const std::string& variable) {
+  checkQueryable(variable);
+  KewDocument document;
+  try {
+    document.load(fileName);
+  } catch (const KewMalformed&) {
+    return -1;
+  }
+  const pugi::xml_node element = firstVariable(document.tree, variable);
+  if (!element) return -1;
+  return readDivisions(element, [](int32_t k, const KewDivision& division) {
+    ColorKey.color.resizeKeeping(k);
+    ColorKey.low.resizeKeeping(k);
+    ColorKey.high.resizeKeeping(k);
+    ColorKey.low(k) = division.low;
+    ColorKey.high(k) = division.high;
+    ColorKey.color(k) = division.color;
+  });
+}
+
+// The user's separator, although the reader takes the point alone: files have always been
+// written so.
+std::string boundText(float bound, const std::string& separator) {
+  std::string text = util::losslessText(bound);
+  const std::size_t point = text.find('.');
+  if (point != std::string::npos) text.replace(point, 1, separator);
+  return text;
+}
+
+void appendText(pugi::xml_node parent, const char* name, const std::string& text) {
+  parent.append_child(name).append_child(pugi::node_pcdata).set_value(text.c_str());
+}
+
+void appendKey(pugi::xml_node section, const std::string& variable) {
+  // Divisions are counted in 16 bits.
+  const int16_t count = util::roundToInteger(ColorKey.nDivision);
+  const std::string separator = platform::desktop().DecimalSeparator();
+  pugi::xml_node element = section.append_child("variable");
+  element.append_attribute("name").set_value(variable.c_str());
+  for (int32_t i = 1; i <= count; ++i) {
+    pugi::xml_node division = element.append_child("division");
+    appendText(division, "low", boundText(ColorKey.low(i), separator));
+    appendText(division, "high", boundText(ColorKey.high(i), separator));
+    appendText(division, "color", util::generalText(ColorKey.color(i)));
+  }
+}
+
+void saveNew(const std::string& fileName, const std::string& variable) {
+  KewDocument document;
+  pugi::xml_node declaration = document.tree.append_child(pugi::node_declaration);
+  declaration.append_attribute("version").set_value("1.0");
+  appendKey(document.tree.append_child("section"), variable);
+  document.save(fileName);
+}
+
+void replaceKey(const std::string& fileName, const std::string& variable) {
+  KewDocument document;
+  document.load(fileName);
+  pugi::xml_node section = firstElement(document.tree, "section");
+  if (!section) util::raise(util::kObjectNotSet);
+  checkQueryable(variable);
+  if (const pugi::xml_node old = firstVariable(section, variable)) {
+    // One that stands deeper is no child to be removed.
+    if (!section.remove_child(old)) util::raise(util::kInvalidCall);
+  }
+  appendKey(section, variable);
+  document.save(fileName);
+}
+
+}  // namespace
+
+int32_t GetKewCol(const std::string& fileName) {
+  try {
+    return readKey(fileName, shownVariable());
+  } catch (...) {
+    util::reportTagged("ModColor GetKewCol");
+    return -1;
+  }
+}
+
+void SaveKEW() {
+  try {
+    const std::string& variable = shownVariable();
+    const std::string fileName = ownKewFile();
+    if (platform::fileExists(fileName)) {
+      SaveExistingKew(fileName, variable);
+    } else {
+      saveNew(fileName, variable);
+    }
+  } catch (...) {
+    util::reportTagged("ModColor SaveKEW");
+  }
+}
+
+void SaveExistingKew(const std::string& fileName, const std::string& variable) {
+  try {
+    replaceKey(fileName, variable);
+  } catch (...) {
+    util::reportTagged("ModColor SaveExistingKew");
+  }
+}
+
+std::string ownKewFile() {
+  std::string name = ocxNetNc::ncf.NcFileName;
+  ocxStrings::ChangeExtension(name, "KEW");
+  return name;
+}
+
+}  // namespace ModColor

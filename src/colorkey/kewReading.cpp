@@ -1,0 +1,37 @@
+#include "colorkey/kewReading.h"
+
+#include "util/RuntimeError.h"
+#include "util/numberText.h"
+#include "util/rounding.h"
+
+namespace ModColor {
+namespace {
+
+double numberIn(pugi::xml_node division, std::string_view name) {
+  const pugi::xml_node element = firstElement(division, name);
+  if (!element) util::raise(util::kObjectNotSet);
+  return util::leadingNumber(textOf(element));
+}
+
+KewDivision divisionOf(pugi::xml_node division) {
+  KewDivision read;
+  read.low = util::storeSingle(numberIn(division, "low"));
+  read.high = util::storeSingle(numberIn(division, "high"));
+  read.color = util::roundToLong(numberIn(division, "color"));
+  return read;
+}
+
+}  // namespace
+
+int32_t readDivisions(pugi::xml_node variable,
+                      const std::function<void(int32_t k, const KewDivision&)>& take) {
+  int16_t k = 0;
+  for (pugi::xml_node division = firstElement(variable, "division"); division;
+       division = nextElement(division, variable, "division")) {
+    k = util::addInteger(k, 1);
+    take(k, divisionOf(division));
+  }
+  return k;
+}
+
+}  // namespace ModColor
