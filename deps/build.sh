@@ -1,7 +1,7 @@
 # shellcheck shell=bash
-# Cross-builds netCDF with what it stands on (zlib, curl, HDF5) as static Windows libraries from the
-# distribution's source packages. Source it after setup/common.sh; it needs setup/sources.sh and
-# setup/prefix.sh.
+# Cross-builds netCDF with what it stands on (zlib, curl, HDF5), and pugixml, as static Windows
+# libraries from the distribution's source packages. Source it after setup/common.sh; it needs
+# setup/sources.sh and setup/prefix.sh.
 
 DEPS_DIR=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")" && pwd -P)
 
@@ -13,6 +13,8 @@ DEPS_DIR=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")" && pwd -P)
 . "$DEPS_DIR/hdf5.sh"
 # shellcheck source=deps/netcdf.sh
 . "$DEPS_DIR/netcdf.sh"
+# shellcheck source=deps/pugixml.sh
+. "$DEPS_DIR/pugixml.sh"
 
 deps_toolchain() {
   printf '%s/cmake/mingw-%s.cmake\n' "$KELVANE_ROOT" "$1"
@@ -65,6 +67,7 @@ build_deps() {
     step "deps-$ARCH-curl" "building curl for Windows (about 35 s)" build_curl &&
     step "deps-$ARCH-hdf5" "building HDF5 for Windows (about 50 s)" build_hdf5 &&
     step "deps-$ARCH-netcdf" "building netCDF for Windows (about 25 s)" build_netcdf &&
+    step "deps-$ARCH-pugixml" "building pugixml for Windows (about 5 s)" build_pugixml &&
     link_boost && cp -- "$DEPS_DIR/kelvane-deps.cmake.in" "$PREFIX/kelvane-deps.cmake" &&
     touch -- "$PREFIX/complete"
 }

@@ -4,10 +4,12 @@
 # shellcheck source=setup/private-apt.sh
 . "$(dirname -- "${BASH_SOURCE[0]}")/private-apt.sh"
 
-SOURCE_PACKAGES=(zlib curl hdf5 netcdf)
+SOURCE_PACKAGES=(zlib curl hdf5 netcdf pugixml)
 
+# Keyed by the list, so that a library added to it is fetched.
 sources_dir() {
-  printf '%s/sources-%s\n' "$KELVANE_CACHE" "$(debian_codename)"
+  printf '%s/sources-%s-%s\n' "$KELVANE_CACHE" "$(debian_codename)" \
+    "$(printf '%s\n' "${SOURCE_PACKAGES[@]}" | recipe_hash)"
 }
 
 fetch_sources() {
