@@ -1,7 +1,5 @@
 #include "commandLine.h"
 
-#include "valuesCommand.h"
-
 namespace cli {
 namespace {
 
@@ -30,6 +28,58 @@ CLI::Option* addRead(CLI::App& command, const char* name, const char* type, Valu
       ->type_name(type);
 }
 
+void defineSection(CLI::App& command, SectionRequest& request) {
+  command.add_option("file", request.dataSet, kDataSetHelp)->required()->type_name("");
+  command.add_option("--var", request.variable, "Variable (default: the first that can be drawn)")
+      ->type_name("NAME");
+  addRead(command, "--path", "POINTS", request.path, readPath,
+          "a path like \"285.25,32 292.75,35.1\": longitude,latitude of two points or more",
+          "Longitude,latitude of each point, points separated by blanks")
+      ->required();
+}
+
+void defineStep(CLI::App& command, int32_t& step) {
+  addRead(command, "--time", "N", step, readStep, "the number of a time step, 1 or more",
+          "Time step, counted from 1 (default 1)");
+}
+
+void defineView(CLI::App& command, ViewRequest& view) {
+  CLI::Option* contours = command.add_flag("--contours", view.contours, "Draw contour lines");
+  CLI::Option* profile = command.add_flag(
+      "--profile", view.profile, "Draw a profile at each point of the path, not the section");
+  command.add_flag("--single", view.single, "Draw all profiles in one graph")->needs(profile);
+  CLI::Option* key =
+      command.add_option("--key", view.keyFile, "Colours of the variable's key in a KEW file")
+          ->type_name("FILE.kew");
+  CLI::Option* autoKey =
+      command.add_flag("--auto-key", view.autoKey,
+                       "Colours of the data set's own KEW file (ocean.KEW for ocean.nc);\n"
+                       "where there is none, a key of ten random colours is made and SAVED there");
+  key->excludes(autoKey);
+  // Profiles have neither cells to colour nor contour lines.
+  profile->excludes(contours)->excludes(key)->excludes(autoKey);
+}
+
+void definePicture(CLI::App& command, PictureRequest& request) {
+  defineSection(command, request.section);
+  defineView(command, request.view);
+  addRead(command, "--size", "WxH", request.size, readSize,
+          "a size like 1000x600 (1 to 32767 pixels a side)",
+          "Width and height in pixels (default 1000x600)");
+}
+
+// The output option: its text goes to take, the format is that of the file it names.
+CLI::Option* addOutput(CLI::App& command, const char* type, const char* help,
+                       std::function<void(const std::string&)> take) {
+  return command.add_option_function<std::string>("-o,--output", std::move(take), help)
+      ->required()
+      ->type_name(type);
+}
+
+void storeFormat(const std::string& name, PictureFormat& format) {
+  store("--output", name, format, formatOf, "a name ending in .png, .svg or .pdf");
+}
+
 }  // namespace
 
 CommandLine::CommandLine()
@@ -40,7 +90,9 @@ CommandLine::CommandLine()
   app_.set_help_flag("-h,--help", "Print this help");
   defineInfo();
   defineDraw();
+  defineAnimate();
   defineValues();
+  defineKey();
 }
 
 void CommandLine::defineInfo() {
@@ -51,46 +103,53 @@ void CommandLine::defineInfo() {
 
 void CommandLine::defineDraw() {
   draw_ = app_.add_subcommand("draw", "Draw a section into a picture file");
-  defineSection(*draw_, drawRequest_.section);
-  addRead(*draw_, "--size", "WxH", drawRequest_.size, readSize,
-          "a size like 1000x600 (1 to 32767 pixels a side)",
-          "Width and height in pixels (default 1000x600)");
-  draw_
-      ->add_option_function<std::string>(
-          "-o,--output",
-          [this](const std::string& name) {
-            store("--output", name, drawRequest_.format, formatOf,
-                  "a name ending in .png, .svg or .pdf");
-            drawRequest_.output = name;
-          },
-          "Picture file; .png, .svg or .pdf says which kind")
-      ->required()
-      ->type_name("FILE");
+  definePicture(*draw_, drawRequest_.picture);
+  defineStep(*draw_, drawRequest_.step);
+  addOutput(*draw_, "FILE", "Picture file; .png, .svg or .pdf says which kind",
+            [this](const std::string& name) {
+              storeFormat(name, drawRequest_.picture.format);
+              drawRequest_.output = name;
+            });
   draw_->footer(
       "Example: kelvane draw ocean.nc --var temp --path \"285.25,32 292.75,35.1\" -o section.png");
 }
 
-void CommandLine::defineValues() {
-  values_ = app_.add_subcommand("values", "List the values of a section as CSV");
-  defineSection(*values_, valuesRequest_);
+void CommandLine::defineAnimate() {
+  animate_ = app_.add_subcommand("animate", "Draw every time step into a picture file of its own");
+  definePicture(*animate_, animateRequest_.picture);
+  addRead(*animate_, "--times", "A:B", animateRequest_.steps, readSteps,
+          "a range of time steps like 3:9, 3:, :9 or 3, counted from 1",
+          "Time steps, both included; also A:, :B or A alone (default: all)");
+  addOutput(*animate_, "PATTERN",
+            "Picture files: %d is the number of the time step, %03d in three digits,\n"
+            "%% a percent sign; .png, .svg or .pdf says which kind",
+            [this](const std::string& text) {
+              store("--output", text, animateRequest_.output, FramePattern::read,
+                    "a pattern with one %d or %03d for the time step");
+              storeFormat(animateRequest_.output.name(1), animateRequest_.picture.format);
+            });
+  animate_->footer(
+      "Example: kelvane animate ocean.nc --path \"285.25,32 292.75,35.1\" -o month-%02d.png");
 }
 
-void CommandLine::defineSection(CLI::App& command, SectionRequest& request) {
-  command.add_option("file", request.dataSet, kDataSetHelp)->required()->type_name("");
-  command.add_option("--var", request.variable, "Variable (default: the first that can be drawn)")
-      ->type_name("NAME");
-  addRead(command, "--path", "POINTS", request.path, readPath,
-          "a path like \"285.25,32 292.75,35.1\": longitude,latitude of two points or more",
-          "Longitude,latitude of each point, points separated by blanks")
-      ->required();
-  addRead(command, "--time", "N", request.step, readStep, "the number of a time step, 1 or more",
-          "Time step, counted from 1 (default 1)");
+void CommandLine::defineValues() {
+  values_ = app_.add_subcommand("values", "List the values of a section as CSV");
+  defineSection(*values_, valuesRequest_.section);
+  defineStep(*values_, valuesRequest_.step);
+}
+
+void CommandLine::defineKey() {
+  key_ = app_.add_subcommand("key", "List the colour keys of a KEW file");
+  key_->add_option("file", keyFile_, "KEW file")->required()->type_name("");
+  key_->add_flag("--json", keyJson_, "List as JSON");
 }
 
 void CommandLine::run() const {
   if (info_->parsed()) info(infoDataSet_, infoJson_ ? InfoForm::Json : InfoForm::Text);
   if (draw_->parsed()) draw(drawRequest_);
+  if (animate_->parsed()) animate(animateRequest_);
   if (values_->parsed()) values(valuesRequest_);
+  if (key_->parsed()) listKeys(keyFile_, keyJson_ ? KeyForm::Json : KeyForm::Text);
 }
 
 std::string CommandLine::helpHint() const {

@@ -3,8 +3,11 @@
 #include <CLI/CLI.hpp>
 #include <string>
 
+#include "animateCommand.h"
 #include "drawCommand.h"
 #include "infoCommand.h"
+#include "keyCommand.h"
+#include "valuesCommand.h"
 
 namespace cli {
 
@@ -27,17 +30,23 @@ class CommandLine {
  private:
   void defineInfo();
   void defineDraw();
+  void defineAnimate();
   void defineValues();
-  static void defineSection(CLI::App& command, SectionRequest& request);
+  void defineKey();
 
   CLI::App app_;
   CLI::App* info_ = nullptr;
   CLI::App* draw_ = nullptr;
+  CLI::App* animate_ = nullptr;
   CLI::App* values_ = nullptr;
+  CLI::App* key_ = nullptr;
   std::string infoDataSet_;
   bool infoJson_ = false;
   DrawRequest drawRequest_;
-  SectionRequest valuesRequest_;
+  AnimateRequest animateRequest_;
+  ValuesRequest valuesRequest_;
+  std::string keyFile_;
+  bool keyJson_ = false;
 };
 
 }  // namespace cli

@@ -1,16 +1,15 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
-#include "optionText.h"
-#include "sectionRequest.h"
+#include "Plotter.h"
 
 namespace cli {
 
 struct DrawRequest {
-  SectionRequest section;
-  PictureSize size;
-  PictureFormat format = PictureFormat::Png;
+  PictureRequest picture;
+  int32_t step = 1;
   std::string output;
 };
 

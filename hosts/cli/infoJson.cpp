@@ -1,21 +1,12 @@
-#include <charconv>
 #include <nlohmann/json.hpp>
 
 #include "infoForms.h"
-#include "util/numberText.h"
+#include "jsonNumber.h"
 
 namespace cli {
 namespace {
 
 using Json = nlohmann::ordered_json;
-
-// The double of the shortest text of the single: 0.1 and not 0.10000000149.
-double asWritten(float value) {
-  const std::string text = util::losslessText(value);
-  double number = static_cast<double>(value);
-  std::from_chars(text.data(), text.data() + text.size(), number);
-  return number;
-}
 
 Json textOrNull(const std::string& text) { return text.empty() ? Json() : Json(text); }
 

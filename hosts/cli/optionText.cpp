@@ -89,6 +89,20 @@ std::optional<int32_t> readStep(std::string_view text) {
   return step;
 }
 
+std::optional<StepRange> readSteps(std::string_view text) {
+  const std::size_t colon = text.find(':');
+  const bool alone = colon == std::string_view::npos;
+  const std::string_view from = text.substr(0, colon);
+  const std::string_view to = alone ? from : text.substr(colon + 1);
+  const std::optional<int32_t> first = readStep(from), last = readStep(to);
+  if ((!first && !from.empty()) || (!last && !to.empty()) || (!first && !last)) {
+    return std::nullopt;
+  }
+  const StepRange steps{first.value_or(1), last};
+  if (last && *last < steps.first) return std::nullopt;
+  return steps;
+}
+
 std::optional<PictureFormat> formatOf(std::string_view fileName) {
   const std::size_t dot = fileName.rfind('.');
   if (dot == std::string_view::npos || dot == 0 || fileName[dot - 1] == '/') return std::nullopt;

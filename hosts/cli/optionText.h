@@ -31,6 +31,16 @@ std::optional<PictureSize> readSize(std::string_view text);
 // Reads the number of a time step, 1 or more.
 std::optional<int32_t> readStep(std::string_view text);
 
+// Time steps from first to last, both included; without a last one up to the end.
+struct StepRange {
+  int32_t first = 1;
+  std::optional<int32_t> last;
+  bool operator==(const StepRange&) const = default;
+};
+
+// Reads "A:B", "A:", ":B" or "A" for that step alone, each 1 or more and B not below A.
+std::optional<StepRange> readSteps(std::string_view text);
+
 enum class PictureFormat { Png, Svg, Pdf };
 
 // The format that the extension of a file name asks for, in small or capital letters.

@@ -74,15 +74,6 @@ void noteBackwardSegments(const std::vector<PathPoint>& path) {
   }
 }
 
-void noteEmptySection() {
-  const int32_t item = KelvaneMain::Item_shown;
-  if (!KelvaneMain::DrawItems.has(item)) return;
-  const KelvaneMain::DrawItem& shown = KelvaneMain::DrawItems(item);
-  if (shown.maximum < shown.minimum) {
-    report("note: every value of " + shown.name + " is missing along this path.");
-  }
-}
-
 }  // namespace
 
 std::optional<std::string> openDataSet(control::KelvaneCtl& control, const std::string& name) {
@@ -92,8 +83,7 @@ std::optional<std::string> openDataSet(control::KelvaneCtl& control, const std::
   return reason.empty() ? silentReason() : reason;
 }
 
-std::string drawSection(control::KelvaneCtl& control, TerminalDesktop& desktop,
-                        const SectionRequest& request) {
+void prepareSection(control::KelvaneCtl& control, const SectionRequest& request) {
   if (const auto reason = openDataSet(control, request.dataSet)) throw Failure(*reason);
   if (request.variable && control.SetVarByName(*request.variable) != 1) {
     refuseVariable(control, *request.variable);
@@ -102,16 +92,35 @@ std::string drawSection(control::KelvaneCtl& control, TerminalDesktop& desktop,
   control.NewSection();
   for (const PathPoint& point : request.path) control.AddSection(point.lon, point.lat);
   if (control.EndSection() != 1) refusePath(control);
+}
 
+std::string shortfallOf(control::KelvaneCtl& control, TerminalDesktop& desktop,
+                        const std::function<void()>& member) {
   // The member reports nothing itself, and a success leaves older texts as they are.
   util::LastError.clear();
   desktop.lastMessage.clear();
-  control.SetCurrentTime(request.step);
+  member();
   const std::string text = control.ErrorMessage();
-  const bool drawingFailed = text.starts_with("DrawVSection KelvaneMain");
+  const bool drawingFailed =
+      text.starts_with("DrawVSection KelvaneMain") || text.starts_with("DrawProfile KelvaneMain");
   if (!text.empty() && !drawingFailed) throw Failure(text);
-  noteEmptySection();
   return drawingFailed ? text : desktop.lastMessage;
+}
+
+bool sectionIsEmpty() {
+  const int32_t item = KelvaneMain::Item_shown;
+  if (!KelvaneMain::DrawItems.has(item)) return false;
+  return KelvaneMain::DrawItems(item).maximum < KelvaneMain::DrawItems(item).minimum;
+}
+
+void noteEmptySection() {
+  if (!sectionIsEmpty()) return;
+  report("note: every value of " + shownName() + " is missing along this path.");
+}
+
+std::string shownName() {
+  const int32_t item = KelvaneMain::Item_shown;
+  return KelvaneMain::DrawItems.has(item) ? KelvaneMain::DrawItems(item).name : std::string();
 }
 
 }  // namespace cli

@@ -1,10 +1,12 @@
 #include "terminal.h"
 
 #include <fcntl.h>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
 #include <cstring>
 
 #include "failures.h"
@@ -27,6 +29,16 @@ bool writeAll(int descriptor, std::string_view text) {
   return true;
 }
 
+std::string_view variableOf(const char* name) {
+  const char* const value = std::getenv(name);
+  return value == nullptr ? std::string_view() : value;
+}
+
+bool isCapableTerminal(int descriptor) {
+  const std::string_view kind = variableOf("TERM");
+  return ::isatty(descriptor) == 1 && !kind.empty() && kind != "dumb";
+}
+
 }  // namespace
 
 void Output::write(std::string_view text) {
@@ -43,8 +55,25 @@ void Output::finish() {
 }
 
 void report(std::string_view text) {
+  writeToErrors("kelvane: " + printable(text, LineFeeds::Keep) + "\n");
+}
+
+void writeToErrors(std::string_view text) {
   // Nobody is left to tell when this fails.
-  static_cast<void>(writeAll(STDERR_FILENO, "kelvane: " + printable(text, LineFeeds::Keep) + "\n"));
+  static_cast<void>(writeAll(STDERR_FILENO, text));
+}
+
+bool errorsGoToATerminal() { return isCapableTerminal(STDERR_FILENO); }
+
+int32_t errorsWidth() {
+  constexpr int32_t kUsualWidth = 80;
+  winsize size{};
+  const bool known = ::ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
+  return known ? size.ws_col : kUsualWidth;
+}
+
+bool outputTakesColours() {
+  return isCapableTerminal(STDOUT_FILENO) && variableOf("NO_COLOR").empty();
 }
 
 std::string printable(std::string_view text, LineFeeds lineFeeds) {

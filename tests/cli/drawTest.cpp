@@ -2,6 +2,7 @@
 #include <fstream>
 
 #include "CliTest.h"
+#include "pngFile.h"
 
 namespace cli_test {
 namespace {
@@ -17,23 +18,6 @@ class Draw : public CliTest {
     EXPECT_EQ(result.err, "");
   }
 };
-
-uint32_t bigEndian(const std::string& bytes, std::size_t at) {
-  uint32_t number = 0;
-  for (std::size_t k = 0; k < 4; ++k) {
-    number = number * 256 + static_cast<unsigned char>(bytes.at(at + k));
-  }
-  return number;
-}
-
-void expectPng(const std::string& bytes, uint32_t width, uint32_t height) {
-  ASSERT_GT(bytes.size(), 33U);
-  EXPECT_EQ(bytes.substr(0, 8), "\x89PNG\r\n\x1A\n");
-  EXPECT_EQ(bytes.substr(12, 4), "IHDR");
-  EXPECT_EQ(bigEndian(bytes, 16), width);
-  EXPECT_EQ(bigEndian(bytes, 20), height);
-  EXPECT_EQ(bytes.substr(bytes.size() - 8, 4), "IEND");
-}
 
 TEST_F(Draw, PngHasTheSizeAskedFor) {
   draw("default.png");

@@ -60,6 +60,18 @@ TEST(StepText, WholeNumbersFromOne) {
   }
 }
 
+TEST(StepsText, ARangeOpenAtOneEndOrASingleStep) {
+  EXPECT_EQ(cli::readSteps("3:9"), (cli::StepRange{3, 9}));
+  EXPECT_EQ(cli::readSteps("3:3"), (cli::StepRange{3, 3}));
+  EXPECT_EQ(cli::readSteps("3:"), (cli::StepRange{3, std::nullopt}));
+  EXPECT_EQ(cli::readSteps(":9"), (cli::StepRange{1, 9}));
+  EXPECT_EQ(cli::readSteps("3"), (cli::StepRange{3, 3}));
+  for (const char* text : {"", ":", "9:3", "0:3", ":0", "0", "-1:3", "1:-3", "1:2:3", "1-3", "a:b",
+                           "1: 2", "1 :2", "1:2 ", "2147483648:", "1.5:2"}) {
+    EXPECT_EQ(cli::readSteps(text), std::nullopt) << text;
+  }
+}
+
 TEST(PictureName, ExtensionSaysTheFormat) {
   EXPECT_EQ(cli::formatOf("a.png"), cli::PictureFormat::Png);
   EXPECT_EQ(cli::formatOf("dir.svg/a.b.PDF"), cli::PictureFormat::Pdf);

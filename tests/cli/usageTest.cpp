@@ -14,7 +14,9 @@ TEST_F(Usage, HelpOfTheProgramAndOfEachCommandGoesToStandardOutput) {
       {{"info", "--help"}, "--json"},
       {{"draw", "--help"}, "--size WxH"},
       {{"draw", "small.nc", "--help"}, "--output FILE"},
+      {{"animate", "--help"}, "--times A:B"},
       {{"values", "-h"}, "--path POINTS"},
+      {{"key", "--help"}, "--json"},
   };
   for (const auto& [arguments, part] : cases) {
     const Result result = kelvane(arguments);
@@ -67,6 +69,45 @@ TEST_F(Usage, ErrorsNameTheFaultAndEndWithTwo) {
        "'May' is not",
        "draw --help"},
       {{"draw", "small.nc", "--path", path, "-o", "a.png", "--time"}, "--time", "draw --help"},
+      {{"draw", "small.nc", "--path", path, "-o", "a.png", "--single"},
+       "--single requires --profile",
+       "draw --help"},
+      {{"draw", "small.nc", "--path", path, "-o", "a.png", "--key", "a.kew", "--auto-key"},
+       "--key excludes --auto-key",
+       "draw --help"},
+      {{"draw", "small.nc", "--path", path, "-o", "a.png", "--profile", "--contours"},
+       "excludes",
+       "draw --help"},
+      {{"draw", "small.nc", "--path", path, "-o", "a.png", "--profile", "--key", "a.kew"},
+       "excludes",
+       "draw --help"},
+      {{"draw", "small.nc", "--path", path, "-o", "a.png", "--profile", "--auto-key"},
+       "excludes",
+       "draw --help"},
+      {{"draw", "small.nc", "--path", path, "-o", "a.png", "--key"}, "--key", "draw --help"},
+      {{"draw", "small.nc", "--path", path, "-o", "a.png", "--times", "1:2"},
+       "--times",
+       "draw --help"},
+      {{"animate", "small.nc", "--path", path}, "--output is required", "animate --help"},
+      {{"animate", "small.nc", "--path", path, "-o", "a.png"},
+       "'a.png' is not a pattern with one %d or %03d",
+       "'kelvane animate --help'"},
+      {{"animate", "small.nc", "--path", path, "-o", "a%d%d.png"}, "not a pattern", "animate"},
+      {{"animate", "small.nc", "--path", path, "-o", "a%s.png"}, "not a pattern", "animate"},
+      {{"animate", "small.nc", "--path", path, "-o", "a%%d.png"}, "not a pattern", "animate"},
+      {{"animate", "small.nc", "--path", path, "-o", "a%d.gif"}, "'a1.gif' is not", "animate"},
+      {{"animate", "small.nc", "--path", path, "-o", "png%d"}, "'png1' is not", "animate"},
+      {{"animate", "small.nc", "--path", path, "-o", "a%d.png", "--times", "2:1"},
+       "'2:1' is not a range of time steps",
+       "animate --help"},
+      {{"animate", "small.nc", "--path", path, "-o", "a%d.png", "--times", ":"},
+       "':' is not a range",
+       "animate --help"},
+      {{"animate", "small.nc", "--path", path, "-o", "a%d.png", "--time", "1"},
+       "--time",
+       "animate --help"},
+      {{"key"}, "file is required", "'kelvane key --help'"},
+      {{"key", "a.kew", "b.kew"}, "b.kew", "'kelvane key --help'"},
       {{"values", "small.nc"}, "--path is required", "'kelvane values --help'"},
       {{"values", "small.nc", "--path", path, "-o", "a.png"}, "-o", "'kelvane values --help'"},
       {{"values", "small.nc", "--path", path, "--time", "-1"},
@@ -86,7 +127,7 @@ TEST_F(Usage, ErrorsNameTheFaultAndEndWithTwo) {
 TEST_F(Usage, TheManPageNamesEveryOptionThatTheHelpNames) {
   const std::string page = fileText(MAN_PAGE);
   ASSERT_TRUE(contains(page, ".Nm kelvane"));
-  for (const char* command : {"info", "draw", "values"}) {
+  for (const char* command : {"info", "draw", "animate", "values", "key"}) {
     EXPECT_TRUE(contains(page, ".It Cm " + std::string(command))) << command;
     const std::string help = kelvane({command, "--help"}).out;
     int options = 0;

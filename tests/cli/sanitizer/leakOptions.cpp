@@ -1,4 +1,4 @@
-// What the leak checker of a sanitized kelvane asks for. The font library keeps the faces it has
+// What the leak checker of a sanitized program that draws asks for. The font library keeps the faces it has
 // looked up for the life of the process; the checker is to be silent about them, because the
 // tests compare what the program says word by word.
 extern "C" const char* __lsan_default_suppressions();
