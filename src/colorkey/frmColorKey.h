@@ -1,0 +1,59 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "platform/Dialog.h"
+#include "platform/PictureBox.h"
+
+namespace ModColor {
+
+class KeyDialogs;
+
+// The colour-key editor: one row for each division, worked on apart from ColorKey, which is read
+// by LoadColorKey and written by OK alone. Rows count from 0. A run-time failure is reported
+// under "frmColorKey" and the routine's name, and leaves the rows as they were.
+class frmColorKey : public platform::Dialog {
+ public:
+  // A row's fields and swatch.
+  struct Row {
+    double fldLowRange = 0, fldHighRange = 1;
+    platform::Colour lblColor = platform::rgb(255, 255, 255);
+    bool operator==(const Row&) const = default;
+  };
+
+  explicit frmColorKey(KeyDialogs& dialogs) : dialogs_(dialogs) {}
+
+  // ColorKey into rows; without divisions the built-in row stays as it was designed.
+  void LoadColorKey();
+  std::vector<Row> rows{Row{}};  // never empty
+
+  void lblColor_Click(int32_t row);   // the colour chooser, preset to the row's colour
+  void cmdAdd();                      // a copy of the last row at the end
+  void cmdDelete(int32_t row);        // nothing when it is the only one
+  void cmdAutoDiv();
+  void cmdColorRamp();
+  void cmdImport();                   // a variable's key of another file replaces the rows
+  void cmdOK();                       // rows into ColorKey
+  void cmdCancel();
+
+  // The scroll bar: the first row shown, 0..Max. The face says how many rows fit.
+  struct ScrollBar {
+    int16_t Value = 0, Max = 0, LargeChange = 1;
+  };
+  ScrollBar VScroll1;
+  void ResetScrollbar(int32_t rowsThatFit);
+
+  int32_t Result() const { return result_; }  // 1 after OK, -1 after Cancel, 0 when closed otherwise
+
+ private:
+  void SaveColorKey();
+  void OpenColorKey(const std::string& fileName);
+
+  KeyDialogs& dialogs_;
+  int32_t rowsThatFit_ = 1;
+  int32_t result_ = 0;
+};
+
+}  // namespace ModColor
