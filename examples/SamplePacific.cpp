@@ -22,7 +22,7 @@ double above(double depth, double thermocline, double width) {
   return rise((thermocline - depth) / width) / rise(thermocline / width);
 }
 
-// Depth of the thermocline. The slope along the equator lies further east late in the year.
+// Depth of the thermocline. Its slope along the equator lies furthest to the east in February.
 double thermoclineDepth(double lon, double lat, int step) {
   const double slope = rise((lon - 208.0 + 16.0 * season(step)) / 30.0);
   const double equator = 190.0 - 150.0 * slope;

@@ -146,6 +146,31 @@ TEST_F(Key, ShowsTheColoursOnATerminalUnlessTheyAreUnwanted) {
   EXPECT_FALSE(contains(kelvane({"key", "a.kew"}, piped).out, "\x1b"));
 }
 
+TEST_F(Key, TheExampleHasUnbrokenKeysOfTheSamples) {
+  const Result result = kelvane({"key", "--json", EXAMPLE_KEY});
+  EXPECT_EQ(result.status, 0) << result.err;
+  const json variables = json::parse(result.out)["variables"];
+  ASSERT_EQ(variables.size(), 2U);
+  EXPECT_EQ(variables[0]["name"], "temp");
+  EXPECT_EQ(variables[1]["name"], "salt");
+  const std::string text = fileText(EXAMPLE_KEY);
+  for (const json& variable : variables) {
+    EXPECT_EQ(variable["error"], json());
+    ASSERT_GT(variable["divisions"].size(), 10U);
+    json before;
+    for (const json& division : variable["divisions"]) {
+      EXPECT_LT(division["low"], division["high"]);
+      if (!before.is_null()) EXPECT_EQ(division["low"], before["high"]);
+      // The comment behind each division names its colour.
+      const std::string comment = "<color>" + division["color"].dump() +
+                                  "</color></division>  <!-- " +
+                                  division["rgb"].get<std::string>() + " -->";
+      EXPECT_TRUE(contains(text, comment)) << comment;
+      before = division;
+    }
+  }
+}
+
 TEST_F(Key, AFullDiskIsNoticed) {
   write(kewVariable("temp", kTemp));
   Surroundings full;
