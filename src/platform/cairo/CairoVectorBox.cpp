@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "platform/drawableText.h"
 #include "platform/clipLine.h"
+#include "platform/drawableText.h"
 #include "util/rounding.h"
 
 namespace platform {
@@ -87,14 +87,15 @@ void CairoVectorBox::AndFrom(const PictureBox& source) {
 void CairoVectorBox::replay(cairo_t* context) const {
   setColour(context, rgb(255, 255, 255));
   cairo_paint(context);
-  for (const Ink& ink : inks_) {
+  for (std::size_t n = 0; n < inks_.size(); ++n) {
+    const Ink& ink = inks_[n];
     const double x = asDouble(ink.x1);
     const double y = asDouble(ink.y1);
     if (ink.kind == Ink::Kind::Text) {
       const Text& text = texts_[static_cast<std::size_t>(ink.detail)];
       lettering_.show(context, text.drawable, x, y, text.font, ink.colour);
     } else if (ink.kind == Ink::Kind::Line) {
-      replayLine(context, ink);
+      n = replayLines(context, n);
     } else {
       // Both corners included, as with pixels; the unit by which neighbours overlap keeps
       // viewers from showing seams between them.
@@ -105,14 +106,29 @@ void CairoVectorBox::replay(cairo_t* context) const {
   }
 }
 
-void CairoVectorBox::replayLine(cairo_t* context, const Ink& line) const {
-  const bool slanted = line.x1 != line.x2 && line.y1 != line.y2;
-  setColour(context, line.colour);
-  cairo_set_line_width(context, line.detail);
-  cairo_set_line_cap(context, slanted ? CAIRO_LINE_CAP_ROUND : CAIRO_LINE_CAP_SQUARE);
-  cairo_move_to(context, asDouble(line.x1) + 0.5, asDouble(line.y1) + 0.5);
-  cairo_line_to(context, asDouble(line.x2) + 0.5, asDouble(line.y2) + 0.5);
+// Strokes that each cover a joint would darken it, so a line that goes on where the one before it
+// ended belongs to the same stroke.
+std::size_t CairoVectorBox::replayLines(cairo_t* context, std::size_t first) const {
+  const Ink& start = inks_[first];
+  setColour(context, start.colour);
+  cairo_set_line_width(context, start.detail);
+  cairo_move_to(context, asDouble(start.x1) + 0.5, asDouble(start.y1) + 0.5);
+  cairo_line_to(context, asDouble(start.x2) + 0.5, asDouble(start.y2) + 0.5);
+  std::size_t last = first;
+  for (; last + 1 < inks_.size(); ++last) {
+    const Ink& ended = inks_[last];
+    const Ink& next = inks_[last + 1];
+    if (next.kind != Ink::Kind::Line || next.x1 != ended.x2 || next.y1 != ended.y2 ||
+        next.colour != ended.colour || next.detail != ended.detail) {
+      break;
+    }
+    cairo_line_to(context, asDouble(next.x2) + 0.5, asDouble(next.y2) + 0.5);
+  }
+  const bool straight = last == first && (start.x1 == start.x2 || start.y1 == start.y2);
+  cairo_set_line_cap(context, straight ? CAIRO_LINE_CAP_SQUARE : CAIRO_LINE_CAP_ROUND);
+  cairo_set_line_join(context, CAIRO_LINE_JOIN_ROUND);
   cairo_stroke(context);
+  return last;
 }
 
 }  // namespace platform

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -47,7 +48,8 @@ class CairoVectorBox : public PictureBox {
     std::string drawable;
     platform::Font font;
   };
-  void replayLine(cairo_t* context, const Ink& line) const;
+  // Draws the line at a place and those that go on from it; gives the place of the last one.
+  std::size_t replayLines(cairo_t* context, std::size_t first) const;
 
   const Lettering& lettering_;
   int32_t width_ = 0, height_ = 0;

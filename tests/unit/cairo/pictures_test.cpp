@@ -184,4 +184,36 @@ TEST_F(PicturesTest, StrangeInkDoesNotSpoilVectors) {
   EXPECT_TRUE(contains(contentsOf(folder.file("a.pdf")), "%%EOF"));
 }
 
+TEST_F(PicturesTest, LinesThatGoOnAreOneStrokeOfAVector) {
+  struct Row {
+    float x;  // where the second line starts
+    platform::Colour colour;
+    int32_t width;
+    bool between;  // something else is drawn between the two
+    std::size_t strokes;
+  };
+  const Row rows[] = {{20, 0, 1, false, 1},
+                      {21, 0, 1, false, 2},
+                      {20, 255, 1, false, 2},
+                      {20, 0, 3, false, 2},
+                      {20, 0, 1, true, 2}};
+  for (const Row& row : rows) {
+    CairoPictures pictures(CairoPictures::Kind::Vectors);
+    platform::PictureBox& picture = pictures.pictures().Picture1;
+    picture.Move(0, 0, 120, 80);
+    picture.Line(5, 5, 20, 9, 0);
+    if (row.between) picture.Box(1, 1, 2, 2, 0);
+    picture.DrawWidth = row.width;
+    picture.Line(row.x, 9, 40, 30, row.colour);
+    pictures.saveSvg(folder.file("a.svg"), "");
+    const std::string svg = contentsOf(folder.file("a.svg"));
+    std::size_t strokes = 0;
+    for (auto at = svg.find("stroke-linecap"); at != std::string::npos;
+         at = svg.find("stroke-linecap", at + 1)) {
+      ++strokes;
+    }
+    EXPECT_EQ(strokes, row.strokes) << &row - rows;
+  }
+}
+
 }  // namespace
