@@ -111,13 +111,6 @@ TEST_F(Members, SayWhatThisVersionDoesNotSupport) {
   control.ShowOptions();
   EXPECT_EQ(control.ErrorMessage(),
             "[ShowOptions] The options dialog is not supported by this version");
-  control.AddColorKey(0, 1, 255);
-  control.InitColorKey();
-  EXPECT_EQ(control.ErrorMessage(),
-            "[InitColorKey] Colour-key files are not supported by this version");
-  EXPECT_EQ(ModColor::ColorKey.nDivision, 1);
-  EXPECT_EQ(control.KewFile("any.kew"), -1);
-  EXPECT_EQ(control.ErrorMessage(), "[KewFile] Colour-key files are not supported by this version");
   EXPECT_TRUE(desktop.messages.empty());
 }
 
