@@ -12,8 +12,9 @@ namespace ModColor {
 class KeyDialogs;
 
 // The colour-key editor: one row for each division, worked on apart from ColorKey, which is read
-// by LoadColorKey and written by OK alone. Rows count from 0. A run-time failure is reported
-// under "frmColorKey" and the routine's name, and leaves the rows as they were.
+// by LoadColorKey and written by OK alone. Rows count from 0; a row that is not there is left
+// alone. A run-time failure is reported under "frmColorKey" and the routine's name and leaves the
+// rows as they were. More rows than a 16-bit counter can count are such a failure (overflow).
 class frmColorKey : public platform::Dialog {
  public:
   // A row's fields and swatch.
@@ -25,20 +26,24 @@ class frmColorKey : public platform::Dialog {
 
   explicit frmColorKey(KeyDialogs& dialogs) : dialogs_(dialogs) {}
 
-  // ColorKey into rows; without divisions the built-in row stays as it was designed.
-  void LoadColorKey();
+  // ColorKey into rows, to be called before the dialog is shown; without divisions the built-in
+  // row stays as it was designed. False after a failure: the key is more than can be edited, and
+  // OK would put something else in its place.
+  bool LoadColorKey();
   std::vector<Row> rows{Row{}};  // never empty
 
   void lblColor_Click(int32_t row);   // the colour chooser, preset to the row's colour
-  void cmdAdd();                      // a copy of the last row at the end
+  void cmdAdd();                      // a copy of the last row at the end, scrolled into view
   void cmdDelete(int32_t row);        // nothing when it is the only one
-  void cmdAutoDiv();
+  void cmdAutoDiv();                  // new rows get the last row's colour
   void cmdColorRamp();
   void cmdImport();                   // a variable's key of another file replaces the rows
-  void cmdOK();                       // rows into ColorKey
+  void cmdOK();                       // rows into ColorKey; stays open when that fails
   void cmdCancel();
 
-  // The scroll bar: the first row shown, 0..Max. The face says how many rows fit.
+  // The scroll bar: the first row shown, 0..Max. The face says how many rows fit, and moves
+  // Value. As many rows as fit are always in view: at the end, deleting pulls earlier ones in.
+  // Rows that come from elsewhere (loaded, divided, imported) are shown from the first one on.
   struct ScrollBar {
     int16_t Value = 0, Max = 0, LargeChange = 1;
   };
@@ -48,8 +53,12 @@ class frmColorKey : public platform::Dialog {
   int32_t Result() const { return result_; }  // 1 after OK, -1 after Cancel, 0 when closed otherwise
 
  private:
-  void SaveColorKey();
+  bool SaveColorKey();
   void OpenColorKey(const std::string& fileName);
+  void divideRows(double minimum, double maximum, int32_t divisions);
+  void replaceRows(std::vector<Row> replacement);
+  bool has(int32_t row) const;
+  Row& at(int32_t row) { return rows[static_cast<std::size_t>(row)]; }
 
   KeyDialogs& dialogs_;
   int32_t rowsThatFit_ = 1;

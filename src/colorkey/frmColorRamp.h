@@ -25,6 +25,8 @@ class frmColorRamp : public platform::Dialog {
   platform::Colour LastColor() const { return lastColor_; }
 
  private:
+  void chooseInto(platform::Colour& swatch);
+
   KeyDialogs& dialogs_;
   int32_t result_ = -1;
   platform::Colour firstColor_ = platform::rgb(255, 0, 0);

@@ -19,30 +19,13 @@ namespace {
 
 const std::string& shownVariable() { return KelvaneMain::DrawItems(KelvaneMain::Item_shown).name; }
 
-// Names stand between double quotes in the query for their key: one with a quote of its own would
-// end it early and could make it another, wider query.
-void checkQueryable(const std::string& name) {
-  if (name.find('"') != std::string::npos) util::raise(util::kInvalidCall);
-}
-
-int32_t readKey(const std::string& fileName, const std::string& variable) {
-  checkQueryable(variable);
-  KewDocument document;
-  try {
-    document.load(fileName);
-  } catch (const KewMalformed&) {
-    return -1;
-  }
-  const pugi::xml_node element = firstVariable(document.tree, variable);
-  if (!element) return -1;
-  return readDivisions(element, [](int32_t k, const KewDivision& division) {
-    ColorKey.color.resizeKeeping(k);
-    ColorKey.low.resizeKeeping(k);
-    ColorKey.high.resizeKeeping(k);
-    ColorKey.low(k) = division.low;
-    ColorKey.high(k) = division.high;
-    ColorKey.color(k) = division.color;
-  });
+void takeIntoKey(int32_t k, const KewDivision& division) {
+  ColorKey.color.resizeKeeping(k);
+  ColorKey.low.resizeKeeping(k);
+  ColorKey.high.resizeKeeping(k);
+  ColorKey.low(k) = division.low;
+  ColorKey.high(k) = division.high;
+  ColorKey.color(k) = division.color;
 }
 
 // The user's separator, although the reader takes the point alone: files have always been
@@ -98,7 +81,7 @@ void replaceKey(const std::string& fileName, const std::string& variable) {
 
 int32_t GetKewCol(const std::string& fileName) {
   try {
-    return readKey(fileName, shownVariable());
+    return readVariable(fileName, shownVariable(), takeIntoKey);
   } catch (...) {
     util::reportTagged("ModColor GetKewCol");
     return -1;

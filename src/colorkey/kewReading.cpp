@@ -1,5 +1,6 @@
 #include "colorkey/kewReading.h"
 
+#include "colorkey/kewText.h"
 #include "util/RuntimeError.h"
 #include "util/numberText.h"
 #include "util/rounding.h"
@@ -32,6 +33,23 @@ int32_t readDivisions(pugi::xml_node variable,
     take(k, divisionOf(division));
   }
   return k;
+}
+
+int32_t readVariable(const std::string& fileName, const std::string& variable,
+                     const std::function<void(int32_t k, const KewDivision&)>& take) {
+  checkQueryable(variable);
+  KewDocument document;
+  try {
+    document.load(fileName);
+  } catch (const KewMalformed&) {
+    return -1;
+  }
+  const pugi::xml_node element = firstVariable(document.tree, variable);
+  return element ? readDivisions(element, take) : -1;
+}
+
+void checkQueryable(const std::string& name) {
+  if (name.find('"') != std::string::npos) util::raise(util::kInvalidCall);
 }
 
 }  // namespace ModColor

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <string>
 
 #include "colorkey/kewDocument.h"
 #include "colorkey/kewListing.h"
@@ -15,5 +16,14 @@ namespace ModColor {
 // division that a 16-bit counter cannot count.
 int32_t readDivisions(pugi::xml_node variable,
                       const std::function<void(int32_t k, const KewDivision&)>& take);
+
+// The same for the first variable element of a name in a file. Returns -1 when the file is
+// missing, malformed or without the variable. Run-time error 5 for a name with a double quote.
+int32_t readVariable(const std::string& fileName, const std::string& variable,
+                     const std::function<void(int32_t k, const KewDivision&)>& take);
+
+// Names stand between double quotes in the query for their key: one with a quote of its own would
+// end it early and could make it another, wider query. Run-time error 5 for such a name.
+void checkQueryable(const std::string& name);
 
 }  // namespace ModColor

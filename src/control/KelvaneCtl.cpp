@@ -5,6 +5,7 @@
 #include "colorkey/colorKey.h"
 #include "colorkey/initColorKey.h"
 #include "colorkey/kewFile.h"
+#include "control/frmOptions.h"
 #include "netcdf/catalogue.h"
 #include "netcdf/geoWindow.h"
 #include "netcdf/identify.h"
@@ -34,11 +35,13 @@ int16_t outcome(int32_t status) { return status >= 0 ? kSuccess : kFailure; }
 
 }  // namespace
 
-KelvaneCtl::KelvaneCtl(platform::Pictures pictures, platform::Desktop& desktop)
-    : pictures_(pictures), desktop_(desktop) {}
+KelvaneCtl::KelvaneCtl(platform::Pictures pictures, platform::Desktop& desktop,
+                       Dialogs& dialogs)
+    : pictures_(pictures), desktop_(desktop), dialogs_(dialogs) {}
 
 void KelvaneCtl::ShowOptions() {
-  util::LastError = "[ShowOptions] The options dialog is not supported by this version";
+  const DesktopScope scope(desktop_);
+  if (OpenOptionsForm(dialogs_) > 0) DrawHeld();
 }
 
 int16_t KelvaneCtl::NcFile(const std::string& filename) {

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 
+#include "control/NoDialogs.h"
 #include "platform/Desktop.h"
 #include "platform/PictureBox.h"
 
@@ -14,7 +15,8 @@ namespace control {
 // all controls of the process.
 class KelvaneCtl {
  public:
-  KelvaneCtl(platform::Pictures pictures, platform::Desktop& desktop);
+  KelvaneCtl(platform::Pictures pictures, platform::Desktop& desktop,
+             Dialogs& dialogs = noDialogs());
 
   void ShowOptions();
   int16_t NcFile(const std::string& filename);
@@ -51,6 +53,7 @@ class KelvaneCtl {
 
   platform::Pictures pictures_;
   platform::Desktop& desktop_;
+  Dialogs& dialogs_;
   int32_t width_ = 0, height_ = 0;
 };
 

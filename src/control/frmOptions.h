@@ -22,7 +22,8 @@ class frmOptions : public platform::Dialog {
   void optViewStyle_Click(int32_t index);  // another index than 0..3 does nothing
   void OK();
   void Cancel();
-  // The editor for the current key; a key edited with OK is saved in the data set's KEW file.
+  // The editor for the current key; a key edited with OK is saved in the data set's KEW file, and
+  // no Cancel takes that back. A key that the editor cannot load is not edited.
   void EditLegend();
 
   int32_t Result() const { return result_; }  // 1 after OK, else -1
@@ -38,7 +39,7 @@ class frmOptions : public platform::Dialog {
   int32_t result_ = -1;
 };
 
-// Shows the dialog modally; its result.
+// Loads the dialog and shows it modally; its result.
 int32_t OpenOptionsForm(Dialogs& dialogs);
 
 }  // namespace control

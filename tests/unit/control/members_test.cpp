@@ -107,10 +107,14 @@ TEST_F(Members, DrawTheHeldSectionAgainWithoutReading) {
   EXPECT_FALSE(boxes.picSection.of(Kind::Box).empty());
 }
 
-TEST_F(Members, SayWhatThisVersionDoesNotSupport) {
+TEST_F(Members, ShowNoOptionsInAHostWithoutWindows) {
+  ASSERT_EQ(control.NcFile(tinySet()), 1);
+  boxes.forget();
   control.ShowOptions();
-  EXPECT_EQ(control.ErrorMessage(),
-            "[ShowOptions] The options dialog is not supported by this version");
+  EXPECT_EQ(control.ErrorMessage(), "");
+  EXPECT_EQ(Item_shown, 1);
+  EXPECT_TRUE(control.DrawVerticalSection());
+  EXPECT_TRUE(boxes.Picture1.operations.empty());
   EXPECT_TRUE(desktop.messages.empty());
 }
 
