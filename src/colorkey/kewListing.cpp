@@ -19,6 +19,7 @@ std::vector<KewVariable> ListKewFile(const std::string& fileName) {
     variable.name = element.attribute("name").value();
     variable.ignored = !element.attribute("name") || !names.insert(variable.name).second;
     try {
+      checkQueryable(variable.name);
       readDivisions(element, [&](int32_t, const KewDivision& division) {
         variable.divisions.push_back(division);
       });
