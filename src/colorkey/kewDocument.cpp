@@ -1,50 +1,24 @@
 #include "colorkey/kewDocument.h"
 
-#include <algorithm>
-#include <set>
-
+#include "colorkey/kewSyntax.h"
 #include "colorkey/kewText.h"
+#include "colorkey/xmlCharacters.h"
 #include "platform/files.h"
 #include "util/ocxStrings.h"
 
 namespace ModColor {
 namespace {
 
-constexpr std::size_t kLargestFile = std::size_t{256} * 1024 * 1024;
+// The tree of a document takes up to sixteen times the memory of its text.
+constexpr std::size_t kLargestFile = std::size_t{64} * 1024 * 1024;
 constexpr std::string_view kWhite = " \t\r\n";
 
-// Also keeps what stands beside the document element, where only white space may.
+// Everything, with the white space between elements and around the document element.
 constexpr unsigned kParseAll =
     (pugi::parse_full | pugi::parse_ws_pcdata | pugi::parse_fragment) & ~pugi::parse_doctype;
 
-[[noreturn]] void malformed(const std::string& why) {
-  throw KewMalformed("The file is no well-formed XML document: " + why);
-}
-
 bool isText(pugi::xml_node node) {
   return node.type() == pugi::node_pcdata || node.type() == pugi::node_cdata;
-}
-
-void checkTopLevel(const pugi::xml_document& tree) {
-  int elements = 0;
-  bool first = true;
-  for (const pugi::xml_node node : tree.children()) {
-    if (node.type() == pugi::node_element) ++elements;
-    if (node.type() == pugi::node_declaration && !first) malformed("a declaration out of place");
-    const bool white =
-        node.type() == pugi::node_pcdata &&
-        std::string_view(node.value()).find_first_not_of(kWhite) == std::string_view::npos;
-    if (isText(node) && !white) malformed("text outside of the document element");
-    first = false;
-  }
-  if (elements != 1) malformed("not one document element");
-}
-
-void checkAttributes(pugi::xml_node element) {
-  std::set<std::string_view> names;
-  for (const pugi::xml_attribute attribute : element.attributes()) {
-    if (!names.insert(attribute.name()).second) malformed("an attribute that is there twice");
-  }
 }
 
 // The document is written as UTF-8, whatever it was.
@@ -55,13 +29,30 @@ void declareUtf8(pugi::xml_document& tree) {
   if (encoding && !ocxStrings::equalNoCase(encoding.value(), "UTF-8")) encoding.set_value("UTF-8");
 }
 
+// A return that is left in a text came from a character reference, and would be read back as a
+// line feed if it were not written as one again.
 class StringWriter : public pugi::xml_writer {
  public:
   void write(const void* data, std::size_t size) override {
-    written.append(static_cast<const char*>(data), size);
+    for (std::string_view rest(static_cast<const char*>(data), size);;) {
+      const std::size_t end = rest.find('\r');
+      written += rest.substr(0, end);
+      if (end == std::string_view::npos) return;
+      written += "&#13;";
+      rest.remove_prefix(end + 1);
+    }
   }
   std::string written;
 };
+
+// Names of variables come from foreign data sets and may hold what XML cannot.
+void checkReadable(const std::string& text) {
+  try {
+    checkKewSyntax(kewText(text));
+  } catch (const KewMalformed&) {
+    throw std::runtime_error("The variable's name cannot be written in XML");
+  }
+}
 
 std::string contentsOf(const std::string& fileName) {
   try {
@@ -74,21 +65,24 @@ std::string contentsOf(const std::string& fileName) {
 }  // namespace
 
 void KewDocument::load(const std::string& fileName) {
+  tree.reset();
   text_ = kewText(contentsOf(fileName));
-  checkKewText(text_);
+  checkKewSyntax(text_);
+  end_ = text_.substr(text_.find_last_not_of(kWhite) + 1);
   const pugi::xml_parse_result result =
       tree.load_buffer_inplace(text_.data(), text_.size(), kParseAll, pugi::encoding_utf8);
   if (result.status == pugi::status_out_of_memory) throw std::bad_alloc();
   if (!result) malformed(result.description());
-  checkTopLevel(tree);
-  for (pugi::xml_node node = tree; node; node = nextInDocument(node, tree)) checkAttributes(node);
 }
 
 void KewDocument::save(const std::string& fileName) {
   declareUtf8(tree);
   StringWriter writer;
-  tree.save(writer, "", pugi::format_raw, pugi::encoding_utf8);
-  platform::writeWholeFile(fileName, writer.written);
+  tree.save(writer, "", pugi::format_raw | pugi::format_no_declaration, pugi::encoding_utf8);
+  const std::string text = std::move(writer.written) + end_;
+  if (text.size() > kLargestFile) throw std::runtime_error("The key file would become too large");
+  checkReadable(text);
+  platform::writeWholeFile(fileName, text);
 }
 
 pugi::xml_node nextInDocument(pugi::xml_node node, pugi::xml_node root) {

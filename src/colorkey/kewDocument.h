@@ -10,17 +10,22 @@ namespace ModColor {
 // processing instructions, unknown elements and attributes, all text.
 class KewDocument {
  public:
+  KewDocument() = default;
+  KewDocument(const KewDocument&) = delete;
+  KewDocument& operator=(const KewDocument&) = delete;
+
   // Loads a file. KewMalformed when it is missing, unreadable or no well-formed XML;
-  // std::runtime_error when it is beyond our limits.
+  // std::runtime_error when its elements are nested too deeply. The tree is empty then.
   void load(const std::string& fileName);
   // Writes it whole, as UTF-8 without indentation, or leaves the file as it was and throws
-  // std::runtime_error.
+  // std::runtime_error; so too when it could not be loaded again.
   void save(const std::string& fileName);
 
   pugi::xml_document tree;
 
  private:
   std::string text_;  // the tree points into it
+  std::string end_;   // white space at the end, which the parser drops
 };
 
 // The next node of any kind behind this one in document order, within root; null at the end.

@@ -1,9 +1,10 @@
 #include "colorkey/kewFile.h"
 
+#include <stdexcept>
+
 #include "colorkey/colorKey.h"
 #include "colorkey/kewDocument.h"
 #include "colorkey/kewReading.h"
-#include "colorkey/kewText.h"
 #include "netcdf/ncf.h"
 #include "platform/Desktop.h"
 #include "platform/files.h"
@@ -91,6 +92,7 @@ int32_t GetKewCol(const std::string& fileName) {
 void SaveKEW() {
   try {
     const std::string& variable = shownVariable();
+    if (ocxNetNc::ncf.NcFileName.empty()) throw std::runtime_error("There is no data set");
     const std::string fileName = ownKewFile();
     if (platform::fileExists(fileName)) {
       SaveExistingKew(fileName, variable);

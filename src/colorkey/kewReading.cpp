@@ -1,6 +1,6 @@
 #include "colorkey/kewReading.h"
 
-#include "colorkey/kewText.h"
+#include "colorkey/xmlCharacters.h"
 #include "util/RuntimeError.h"
 #include "util/numberText.h"
 #include "util/rounding.h"
