@@ -21,7 +21,8 @@ class frmAutoDiv : public platform::Dialog {
   void OK();  // copies the fields back
   void Cancel();
 
-  int32_t Result() const { return result_; }  // 1 after OK, -1 after Cancel, 0 when closed otherwise
+  // 1 after OK, -1 after Cancel, 0 when closed otherwise.
+  int32_t Result() const { return result_; }
 
  private:
   int32_t result_ = 0;

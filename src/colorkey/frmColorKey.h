@@ -30,15 +30,15 @@ class frmColorKey : public platform::Dialog {
   // row stays as it was designed. False after a failure: the key is more than can be edited, and
   // OK would put something else in its place.
   bool LoadColorKey();
-  std::vector<Row> rows{Row{}};  // never empty
+  std::vector<Row> rows = std::vector<Row>(1);  // never empty
 
-  void lblColor_Click(int32_t row);   // the colour chooser, preset to the row's colour
-  void cmdAdd();                      // a copy of the last row at the end, scrolled into view
-  void cmdDelete(int32_t row);        // nothing when it is the only one
-  void cmdAutoDiv();                  // new rows get the last row's colour
+  void lblColor_Click(int32_t row);  // the colour chooser, preset to the row's colour
+  void cmdAdd();                     // a copy of the last row at the end, scrolled into view
+  void cmdDelete(int32_t row);       // nothing when it is the only one
+  void cmdAutoDiv();                 // new rows get the last row's colour
   void cmdColorRamp();
-  void cmdImport();                   // a variable's key of another file replaces the rows
-  void cmdOK();                       // rows into ColorKey; stays open when that fails
+  void cmdImport();  // a variable's key of another file replaces the rows
+  void cmdOK();      // rows into ColorKey; stays open when that fails
   void cmdCancel();
 
   // The scroll bar: the first row shown, 0..Max. The face says how many rows fit, and moves
@@ -50,7 +50,8 @@ class frmColorKey : public platform::Dialog {
   ScrollBar VScroll1;
   void ResetScrollbar(int32_t rowsThatFit);
 
-  int32_t Result() const { return result_; }  // 1 after OK, -1 after Cancel, 0 when closed otherwise
+  // 1 after OK, -1 after Cancel, 0 when closed otherwise.
+  int32_t Result() const { return result_; }
 
  private:
   bool SaveColorKey();

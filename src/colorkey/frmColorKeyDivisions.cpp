@@ -8,8 +8,8 @@
 #include "colorkey/frmAutoDiv.h"
 #include "colorkey/frmColorKey.h"
 #include "colorkey/frmVarName.h"
-#include "colorkey/keyRows.h"
 #include "colorkey/kewReading.h"
+#include "colorkey/keyRows.h"
 #include "util/rounding.h"
 
 namespace ModColor {
@@ -44,8 +44,8 @@ bool frmColorKey::LoadColorKey() {
     const int16_t count = util::roundToInteger(ColorKey.nDivision);
     std::vector<Row> loaded;
     for (int32_t i = 1; i <= count; ++i) {
-      loaded.push_back({util::asDouble(ColorKey.low(i)), util::asDouble(ColorKey.high(i)),
-                        ColorKey.color(i)});
+      loaded.push_back(
+          {util::asDouble(ColorKey.low(i)), util::asDouble(ColorKey.high(i)), ColorKey.color(i)});
     }
     replaceRows(loaded.empty() ? rows : std::move(loaded));
   });

@@ -19,7 +19,8 @@ class frmVarName : public platform::Dialog {
   // The list's selected entry, from 0; -1 when none is.
   int32_t ListIndex = -1;
 
-  void OK();      // takes the selected entry; the empty text when none is
+  // Takes the selected entry; the empty text when none is.
+  void OK();
   void Cancel();
 
   int32_t Result() const { return result_; }  // -1 cancelled or closed, 1 after OK

@@ -35,8 +35,7 @@ int16_t outcome(int32_t status) { return status >= 0 ? kSuccess : kFailure; }
 
 }  // namespace
 
-KelvaneCtl::KelvaneCtl(platform::Pictures pictures, platform::Desktop& desktop,
-                       Dialogs& dialogs)
+KelvaneCtl::KelvaneCtl(platform::Pictures pictures, platform::Desktop& desktop, Dialogs& dialogs)
     : pictures_(pictures), desktop_(desktop), dialogs_(dialogs) {}
 
 void KelvaneCtl::ShowOptions() {

@@ -16,8 +16,8 @@ int32_t variableOf(int32_t item) { return DrawItems.has(item) ? DrawItems(item).
 }  // namespace
 
 void frmOptions::Load() {
-  saved_ = {Item_shown,            settings.ViewMode, settings.ViewStyle,
-            settings.ProfileStyle, TimeShown,         Item_shown};
+  saved_ = {Item_shown, settings.ViewMode, settings.ViewStyle, settings.ProfileStyle,
+            TimeShown,  Item_shown};
   if (Item_shown < 1) Item_shown = 1;
   if (settings.ViewMode == kProfileView) {
     selected_ = settings.ProfileStyle == 1 ? 2 : 3;
