@@ -4,6 +4,15 @@
 
 namespace support {
 
+std::filesystem::path pathOf(const std::string& name) {
+  return std::u8string(name.begin(), name.end());
+}
+
+std::string nameOf(const std::filesystem::path& path) {
+  const std::u8string name = path.u8string();
+  return {name.begin(), name.end()};
+}
+
 TempFolder::TempFolder() {
   std::random_device source;
   do {
@@ -16,8 +25,6 @@ TempFolder::~TempFolder() {
   std::filesystem::remove_all(path_, ignored);
 }
 
-std::string TempFolder::file(const std::string& name) const {
-  return (path_ / std::filesystem::path(name)).string();
-}
+std::string TempFolder::file(const std::string& name) const { return nameOf(path_ / pathOf(name)); }
 
 }  // namespace support

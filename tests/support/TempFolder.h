@@ -5,6 +5,10 @@
 
 namespace support {
 
+// A name in UTF-8 as the standard library wants it, and back.
+std::filesystem::path pathOf(const std::string& name);
+std::string nameOf(const std::filesystem::path& path);
+
 // A folder of its own for one test, removed with everything in it at the end.
 class TempFolder {
  public:

@@ -21,7 +21,8 @@ TEST(ReadWholeFile, GivesEveryByte) {
   const std::string path = folder.file("key \xC3\xA9.kew");
   std::string bytes(300'000, 'x');
   for (std::size_t at = 0; at < bytes.size(); ++at) bytes[at] = static_cast<char>(at * 7 % 256);
-  for (const std::string& contents : {std::string(), std::string("line\r\n\0\x1A end", 13), bytes}) {
+  for (const std::string& contents :
+       {std::string(), std::string("line\r\n\0\x1A end", 13), bytes}) {
     platform::writeWholeFile(path, contents);
     EXPECT_EQ(platform::readWholeFile(path, 1'000'000), contents);
   }
@@ -42,8 +43,8 @@ TEST(ReadWholeFile, AFileOfTheLimitIsReadAndALongerOneIsNot) {
 TEST(ReadWholeFile, WhatIsNoFileIsNamedWithAReason) {
   const support::TempFolder folder;
   const std::string zero("name\0end", 8);
-  for (const std::string& path : {folder.file("missing"), folder.path().string(), std::string(),
-                                  zero, folder.file(zero)}) {
+  for (const std::string& path :
+       {folder.file("missing"), folder.path().string(), std::string(), zero, folder.file(zero)}) {
     const std::string failure = failureOf(path, 1'000);
     const std::string start = "Cannot read \"" + std::string(path.c_str()) + "\": ";
     EXPECT_EQ(failure.rfind(start, 0), 0U) << failure;
