@@ -68,7 +68,9 @@ void KewDocument::load(const std::string& fileName) {
   tree.reset();
   text_ = kewText(contentsOf(fileName));
   checkKewSyntax(text_);
+  // The parser would drop the last character.
   end_ = text_.substr(text_.find_last_not_of(kWhite) + 1);
+  text_.resize(text_.size() - end_.size());
   const pugi::xml_parse_result result =
       tree.load_buffer_inplace(text_.data(), text_.size(), kParseAll, pugi::encoding_utf8);
   if (result.status == pugi::status_out_of_memory) throw std::bad_alloc();

