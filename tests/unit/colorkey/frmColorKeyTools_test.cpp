@@ -153,6 +153,20 @@ TEST_F(KeyTools, KeepTheRowsWhenNoFileOrVariableIsChosen) {
   EXPECT_EQ(util::LastError, "");
 }
 
+TEST_F(KeyTools, ImportAVariableWithAnEmptyNameOnlyWithOK) {
+  load(2);
+  const std::string file =
+      kewFile("<variable name=\"\">" + division("0", "1", "2") + "</variable>");
+  dialogs.files = {file, file};
+  dialogs.choices.push_back([](frmVarName& form) { form.Cancel(); });
+  dialogs.choices.push_back([](frmVarName&) {});
+  editor.cmdImport();
+  editor.cmdImport();
+  EXPECT_EQ(editor.rows, rowsOf(2));
+  import(file, 0);
+  EXPECT_EQ(editor.rows, (std::vector<Row>{{0, 1, 2}}));
+}
+
 TEST_F(KeyTools, KeepTheRowsWhenTheVariableHasNoDivision) {
   load(2);
   import(kewFile("<variable name=\"temp\"/><variable/>"), 0);
