@@ -4,6 +4,7 @@
 #include <limits>
 #include <random>
 
+#include "colorkey/kewFile.h"
 #include "section/drawItems.h"
 #include "section/sectionValues.h"
 #include "support/NcMaker.h"
@@ -128,7 +129,7 @@ class AnyOrder : public ControlTest {
     switch (member) {
       case 0: return control.ShowOptions();
       case 1: control.NcFile(files[below(static_cast<uint32_t>(files.size()))]); return;
-      case 2: control.KewFile(anyText()); return;
+      case 2: control.KewFile(below(2) == 0 ? anyText() : ModColor::ownKewFile()); return;
       case 3: return control.NewSection();
       case kAddSection: return control.AddSection(anySingle(), anySingle());
       case kAddColorKey: return control.AddColorKey(anySingle(), anySingle(), anyLong());
