@@ -93,6 +93,11 @@ HWND Activation::hostWindow() const {
   return host;
 }
 
+HWND Activation::topWindow() const {
+  const HWND host = hostWindow();
+  return host != nullptr ? GetAncestor(host, GA_ROOT) : nullptr;
+}
+
 void Activation::onPaint(HDC dc, const RECT& part) {
   // What the picture does not reach, when there was no memory for it, is paper as well.
   if (const auto& picture = instance_.body.visible();

@@ -28,6 +28,8 @@ class Activation final : public WindowEvents {
   HWND window() const { return window_.handle(); }
   // The host's window that holds the control; null when there is none.
   HWND hostWindow() const;
+  // The host's top window, which modal windows of the control belong to; null without a host.
+  HWND topWindow() const;
   const ComPtr<IOleInPlaceFrame>& frame() const { return frame_; }
   void repaint() { window_.repaint(); }
 

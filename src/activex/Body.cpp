@@ -8,10 +8,11 @@
 
 namespace activex {
 
-Body::Body(IUnknown& object, platform::Desktop& desktop, std::function<void()> shown)
+Body::Body(IUnknown& object, platform::Desktop& desktop, control::Dialogs& dialogs,
+           std::function<void()> shown)
     : object_(object),
       Picture1_(std::move(shown)),
-      members_({Picture1_, picDateTime_, picSection_, picContours_}, desktop) {
+      members_({Picture1_, picDateTime_, picSection_, picContours_}, desktop, dialogs) {
   MemberCall::add(*this);
 }
 

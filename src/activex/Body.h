@@ -14,7 +14,8 @@ namespace activex {
 class Body {
  public:
   // shown is called when the visible picture has changed.
-  Body(IUnknown& object, platform::Desktop& desktop, std::function<void()> shown);
+  Body(IUnknown& object, platform::Desktop& desktop, control::Dialogs& dialogs,
+       std::function<void()> shown);
   ~Body();
   Body(const Body&) = delete;
   Body& operator=(const Body&) = delete;

@@ -1,26 +1,10 @@
 #include "activex/HostDesktop.h"
 
 #include "activex/Activation.h"
+#include "activex/ModelessPause.h"
 
 namespace activex {
 namespace {
-
-// Keeps the host's own dialogs and input still while a modal box of the control is up.
-class ModelessPause {
- public:
-  explicit ModelessPause(const ComPtr<IOleInPlaceFrame>& frame) : frame_(frame) {
-    if (frame_) frame_->EnableModeless(FALSE);
-  }
-  ~ModelessPause() {
-    if (frame_) frame_->EnableModeless(TRUE);
-  }
-  ModelessPause(const ModelessPause&) = delete;
-  ModelessPause& operator=(const ModelessPause&) = delete;
-
- private:
-  // A reference of its own: the control may leave the frame while the box is up.
-  const ComPtr<IOleInPlaceFrame> frame_;
-};
 
 // Between two looks at the window. A drawing may report progress thousands of times.
 constexpr DWORD kProgressMilliseconds = 50;
@@ -45,9 +29,6 @@ void HostDesktop::ShowProgress() {
   }
 }
 
-HWND HostDesktop::Owner() const {
-  const HWND window = activation_.hostWindow();
-  return window != nullptr ? GetAncestor(window, GA_ROOT) : nullptr;
-}
+HWND HostDesktop::Owner() const { return activation_.topWindow(); }
 
 }  // namespace activex

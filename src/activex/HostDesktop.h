@@ -1,6 +1,5 @@
 #pragma once
 
-#include "activex/ComPtr.h"
 #include "platform/gdi/WindowsDesktop.h"
 
 #include <ole2.h>

@@ -13,7 +13,8 @@ constexpr int32_t kWidth = 640, kHeight = 480;
 Instance::Instance(IUnknown& object)
     : activation(object, *this),
       desktop(activation),
-      body(object, desktop, [this] {
+      dialogs(activation),
+      body(object, desktop, dialogs, [this] {
         activation.repaint();
         view.changed();
       }) {

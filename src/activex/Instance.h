@@ -11,6 +11,7 @@
 #include "activex/ComPtr.h"
 #include "activex/HostDesktop.h"
 #include "activex/ViewSink.h"
+#include "activex/dialogs/HostDialogs.h"
 
 namespace activex {
 
@@ -30,6 +31,7 @@ struct Instance {
   bool dirty = false;
   Activation activation;
   HostDesktop desktop;
+  HostDialogs dialogs;
   Body body;
 };
 

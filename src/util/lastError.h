@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -13,5 +14,7 @@ extern std::string LastError;
 void reportBracketed(std::string_view routine);
 // "Module Routine: number, KelvaneCtl, description", for routines tagged with module and name.
 void reportTagged(std::string_view tag);
+// How many failures these two have reported: tells a new one from an old one of the same text.
+uint32_t failuresReported();
 
 }  // namespace util

@@ -1,0 +1,155 @@
+#include "activex/dialogs/NumberFields.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "activex/dialogs/DialogFace.h"
+#include "colorkey/numberField.h"
+#include "platform/Desktop.h"
+
+namespace activex {
+namespace {
+
+constexpr UINT kFocusMoved = WM_APP + 1;
+constexpr COLORREF kWrongBox = RGB(255, 205, 205), kWrongText = RGB(0, 0, 0);
+constexpr COLORREF kLineText = RGB(176, 0, 0);
+constexpr WPARAM kLongestNumber = 60;  // letters
+
+bool isSeen(HWND control) { return (GetWindowLongPtrW(control, GWL_STYLE) & WS_VISIBLE) != 0; }
+
+}  // namespace
+
+NumberFields::~NumberFields() {
+  if (wrongBrush_ != nullptr) DeleteObject(wrongBrush_);
+}
+
+void NumberFields::add(Field field) {
+  SendMessageW(field.edit, EM_LIMITTEXT, kLongestNumber, 0);
+  fields_.push_back({std::move(field), false});
+}
+
+void NumberFields::show() {
+  for (Held& field : fields_) {
+    if (isSeen(field.edit)) show(field);
+  }
+}
+
+void NumberFields::show(Held& field) {
+  const bool before = std::exchange(showing_, true);
+  const std::string text = field.text();
+  if (textOf(field.edit) != text) {
+    setText(field.edit, text);
+    if (GetFocus() == field.edit) SendMessageW(field.edit, EM_SETSEL, 0, -1);
+  }
+  showing_ = before;
+  if (field.wrong) {
+    mark(field, false);
+    tell();
+  }
+}
+
+void NumberFields::say(const std::string& problem) {
+  if (textOf(line_) == problem) return;
+  setText(line_, problem);
+  if (!problem.empty()) NotifyWinEvent(EVENT_SYSTEM_ALERT, line_, OBJID_WINDOW, CHILDID_SELF);
+}
+
+bool NumberFields::allRight() {
+  const Held* const wrong = firstWrong();
+  if (wrong == nullptr) return true;
+  SetFocus(wrong->edit);
+  SendMessageW(wrong->edit, EM_SETSEL, 0, -1);
+  MessageBeep(MB_ICONWARNING);
+  return false;
+}
+
+void NumberFields::onCommand(HWND control, int event) {
+  Held* const field = find(control);
+  if (field == nullptr) return;
+  if (event == EN_CHANGE && !showing_) onChange(*field);
+  // Where the focus goes to is known only when it has arrived there.
+  if (event == EN_KILLFOCUS) PostMessageW(GetParent(control), kFocusMoved, 0, 0);
+}
+
+void NumberFields::onChange(Held& field) {
+  mark(field, !field.take(textOf(field.edit)));
+  tell();
+}
+
+void NumberFields::onFocusMoved() {
+  const HWND dialog = GetParent(line_), focus = GetFocus();
+  // The user may be looking at another program, and come back to finish the number.
+  if (!IsChild(dialog, focus)) return;
+  for (Held& field : fields_) {
+    // On the way to OK a wrong text stays, so that OK can refuse it.
+    const bool kept = field.edit == focus || (field.wrong && focus == GetDlgItem(dialog, IDOK));
+    if (!kept && isSeen(field.edit)) show(field);
+  }
+}
+
+void NumberFields::mark(Held& field, bool wrong) {
+  if (std::exchange(field.wrong, wrong) != wrong) InvalidateRect(field.edit, nullptr, TRUE);
+}
+
+void NumberFields::tell() {
+  const Held* const wrong = firstWrong();
+  say(wrong != nullptr ? wrong->wanted : std::string());
+}
+
+NumberFields::Held* NumberFields::find(HWND edit) {
+  const auto found = std::find_if(fields_.begin(), fields_.end(),
+                                  [edit](const Held& field) { return field.edit == edit; });
+  return found != fields_.end() ? &*found : nullptr;
+}
+
+const NumberFields::Held* NumberFields::firstWrong() const {
+  const auto found = std::find_if(fields_.begin(), fields_.end(),
+                                  [](const Held& field) { return field.wrong; });
+  return found != fields_.end() ? &*found : nullptr;
+}
+
+std::optional<INT_PTR> NumberFields::onMessage(UINT message, WPARAM wide, LPARAM longer) {
+  const auto dc = reinterpret_cast<HDC>(wide);
+  const auto control = reinterpret_cast<HWND>(longer);
+  if (message == kFocusMoved) {
+    onFocusMoved();
+    return TRUE;
+  }
+  if (message == WM_CTLCOLOREDIT) {
+    const Held* const field = find(control);
+    if (field == nullptr || !field->wrong) return {};
+    if (wrongBrush_ == nullptr) wrongBrush_ = CreateSolidBrush(kWrongBox);
+    SetTextColor(dc, kWrongText);
+    SetBkColor(dc, kWrongBox);
+    return reinterpret_cast<INT_PTR>(wrongBrush_);
+  }
+  if (message == WM_CTLCOLORSTATIC && control == line_) {
+    SetTextColor(dc, kLineText);
+    SetBkColor(dc, GetSysColor(COLOR_BTNFACE));
+    return reinterpret_cast<INT_PTR>(GetSysColorBrush(COLOR_BTNFACE));
+  }
+  return {};
+}
+
+NumberFields::Field numberField(HWND edit, std::function<double&()> value) {
+  const std::string separator = platform::desktop().DecimalSeparator();
+  return {edit, [=] { return ModColor::fieldText(value(), separator); },
+          [=](const std::string& text) {
+            const std::optional<double> number = ModColor::numberOfField(text, separator);
+            if (number) value() = *number;
+            return number.has_value();
+          },
+          "Please enter a number such as " + ModColor::fieldText(12.5, separator) + "."};
+}
+
+NumberFields::Field countField(HWND edit, std::function<int32_t&()> value) {
+  return {edit, [=] { return std::to_string(value()); },
+          [=](const std::string& text) {
+            const std::optional<int32_t> count = ModColor::countOfField(text);
+            if (count) value() = *count;
+            return count.has_value();
+          },
+          "Please enter a whole number such as 10."};
+}
+
+}  // namespace activex

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace activex {
+
+// The numeric edit boxes of a dialog. What is typed goes into the dialog's value at once, as soon
+// as it is a number. What is none is marked, with a line of text that says why; the value then
+// stays what it was, and the box shows it again when it is left.
+class NumberFields {
+ public:
+  struct Field {
+    HWND edit = nullptr;
+    // The value as text, and the value from a text: false when the text is none.
+    std::function<std::string()> text;
+    std::function<bool(const std::string&)> take;
+    std::string wanted;  // what the line says of a wrong text
+  };
+
+  NumberFields() = default;
+  ~NumberFields();
+  NumberFields(const NumberFields&) = delete;
+  NumberFields& operator=(const NumberFields&) = delete;
+
+  // Where the line of text is; then the fields.
+  void setProblemLine(HWND line) { line_ = line; }
+  void add(Field field);
+
+  // Every box that is to be seen shows its value, without marks.
+  void show();
+  // Puts a text on the line until the next number is typed; screen readers say it.
+  void say(const std::string& problem);
+  // Whether every text is a number. If not, the first that is none gets the focus.
+  bool allRight();
+
+  // The dialog hands on its notifications and these messages.
+  void onCommand(HWND control, int event);
+  std::optional<INT_PTR> onMessage(UINT message, WPARAM wide, LPARAM longer);
+
+ private:
+  struct Held : Field {
+    bool wrong = false;
+  };
+  Held* find(HWND edit);
+  void show(Held& field);
+  void onChange(Held& field);
+  void onFocusMoved();
+  void mark(Held& field, bool wrong);
+  const Held* firstWrong() const;
+  void tell();
+
+  HWND line_ = nullptr;
+  std::vector<Held> fields_;
+  bool showing_ = false;  // the texts change because the values do
+  HBRUSH wrongBrush_ = nullptr;
+};
+
+// Fields of the dialogs' two kinds of number, whose value is at the place told.
+NumberFields::Field numberField(HWND edit, std::function<double&()> value);
+NumberFields::Field countField(HWND edit, std::function<int32_t&()> value);
+
+}  // namespace activex
