@@ -14,8 +14,8 @@ class KewDocument {
   KewDocument(const KewDocument&) = delete;
   KewDocument& operator=(const KewDocument&) = delete;
 
-  // Loads a file. KewMalformed when it is missing, unreadable or no well-formed XML;
-  // std::runtime_error when its elements are nested too deeply. The tree is empty then.
+  // Loads a file. KewMalformed when it is missing, unreadable, larger than 64 MiB or no well-formed
+  // XML; std::runtime_error when its elements are nested too deeply. The tree is empty then.
   void load(const std::string& fileName);
   // Writes it whole, as UTF-8 without indentation, or leaves the file as it was and throws
   // std::runtime_error; so too when it could not be loaded again.

@@ -10,8 +10,9 @@ namespace ModColor {
 
 // Reads the key of the item shown into ColorKey's lists: the first variable element of its name
 // in document order. Returns the number of divisions, which the caller stores as nDivision; -1,
-// with ColorKey as it was, when the file is missing, malformed or without the variable. A failure
-// midway is reported under "ModColor GetKewCol", gives -1 and keeps the divisions read so far.
+// with ColorKey as it was, when the file is missing, unreadable, larger than 64 MiB, malformed or
+// without the variable. Any other failure is reported under "ModColor GetKewCol" and gives -1;
+// the divisions read before it are kept.
 int32_t GetKewCol(const std::string& fileName);
 
 // Writes the key of the item shown into the data set's own KEW file: a new file, or an existing
