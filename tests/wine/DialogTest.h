@@ -26,6 +26,7 @@ class DialogTest : public testing::Test {
  protected:
   DialogTest() : form_((support::makeTinySet(folder_.file("tiny.nc")), L"Kelvane.KelvaneCtl"),
                        480, 360) {
+    SetForegroundWindow(form_.window());
     control().call(L"NewColorKey");
     control().put(L"UseColorKey", false);
     control().call(L"NcFile", {host::wide(folder_.file("tiny.nc"))});

@@ -2,6 +2,8 @@
 
 #include "User.h"
 
+#include <objbase.h>
+
 #include <atomic>
 #include <chrono>
 #include <stdexcept>
@@ -63,11 +65,13 @@ std::string User::during(const std::function<void()>& call,
   std::string problem;
   std::atomic<bool> ended = false;
   std::thread thread([&] {
+    CoInitializeEx(nullptr, COINIT_MULTITHREADED);  // for writing pictures
     try {
       script(user);
     } catch (const std::exception& error) {
       problem = error.what();
     }
+    CoUninitialize();
     // A script that leaves a dialog up must not hold up the test.
     const auto limit = Clock::now() + (problem.empty() ? kLimit : kPoll);
     while (!ended) {
@@ -107,7 +111,9 @@ HWND User::dialog(const std::wstring& caption) {
     for (const HWND window : dialogsOf(thread_)) {
       if (textOf(window) == host::narrow(caption)) found = window;
     }
-    return found != nullptr;
+    GUITHREADINFO info = {};
+    info.cbSize = sizeof info;
+    return found != nullptr && GetGUIThreadInfo(thread_, &info) && info.hwndActive == found;
   });
   return found;
 }
@@ -156,6 +162,32 @@ void User::key(WORD code, unsigned shift) {
   if (SendInput(static_cast<UINT>(input.size()), input.data(), sizeof(INPUT)) != input.size()) {
     throw std::runtime_error("the keyboard is blocked");
   }
+}
+
+void User::chooseFile(const std::string& path) {
+  constexpr int nameCombo = 0x47C, nameEdit = 0x480;  // by the system's own templates
+  const HWND open = dialog(L"Open");
+  HWND name = nullptr;
+  until("the box for the name", [&] {
+    name = GetDlgItem(open, nameEdit);
+    if (name == nullptr) name = GetDlgItem(open, nameCombo);
+    return name != nullptr;
+  });
+  SendMessageW(name, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(host::wide(path).c_str()));
+  click(open, IDOK);
+  untilGone(open);
+}
+
+void User::chooseColor(std::optional<COLORREF> colour) {
+  constexpr int red = 706, green = 707, blue = 708;  // by the system's own template
+  const HWND chooser = dialog(L"Color");
+  if (colour) {
+    SetDlgItemInt(chooser, red, GetRValue(*colour), FALSE);
+    SetDlgItemInt(chooser, green, GetGValue(*colour), FALSE);
+    SetDlgItemInt(chooser, blue, GetBValue(*colour), FALSE);
+  }
+  click(chooser, colour ? IDOK : IDCANCEL);
+  untilGone(chooser);
 }
 
 HWND User::focus() const {

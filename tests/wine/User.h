@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "Picture.h"
@@ -33,6 +34,11 @@ class User {
   // A key of the keyboard, where the focus is.
   enum Shift : unsigned { None = 0, WithShift = 1, WithControl = 2, WithAlt = 4 };
   void key(WORD code, unsigned shift = None);
+
+  // In the system's open-file dialog.
+  void chooseFile(const std::string& path);
+  // In the system's colour chooser; without one, the user cancels.
+  void chooseColor(std::optional<COLORREF> colour);
 
   HWND focus() const;
   // The dialog's window with all that is on it, once it is painted.

@@ -10,7 +10,7 @@
 namespace activex {
 namespace {
 
-constexpr int kRowHeight = 14;     // dialog units, as the template's own fields
+constexpr int kRowHeight = 12;     // dialog units
 constexpr int kTwipsBetween = 30;  // twentieths of a point
 constexpr int kTwipsPerInch = 1440;
 

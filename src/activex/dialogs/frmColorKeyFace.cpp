@@ -44,7 +44,17 @@ HWND frmColorKeyFace::onInit() {
   const int lines = rows_.roomIn(scroll_.bottom - scroll_.top);
   leastHeight_ = window_.cy - (lines - kLeastRows) * rows_.pitch();
   layOut(clientHeight_);
-  return rows_.control({0, ROW_FLDLOWRANGE});
+  fitScreen();
+  return nullptr;
+}
+
+void frmColorKeyFace::fitScreen() const {
+  RECT screen = {};
+  if (!SystemParametersInfoW(SPI_GETWORKAREA, 0, &screen, 0)) return;
+  const int height = std::min<int>(window_.cy, screen.bottom - screen.top);
+  if (height == window_.cy) return;
+  SetWindowPos(window(), nullptr, 0, 0, window_.cx, height,
+               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void frmColorKeyFace::layOut(int clientHeight) {

@@ -27,6 +27,8 @@ class frmColorKeyFace final : public DialogFace, private KeyTaker {
   void onScroll(int request, int position);
   void onWheel(int delta);
   void limitSize(MINMAXINFO& limits) const;
+  // Not higher than there is screen for it.
+  void fitScreen() const;
 
   // Where everything is in a window of this height, and what is to be seen.
   void layOut(int clientHeight);
