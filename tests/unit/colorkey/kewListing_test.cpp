@@ -23,14 +23,13 @@ class KewListing : public testing::Test {
   support::TempFolder folder_;
 };
 
-const std::string kDivision =
-    "<division><low>1</low><high>2.5</high><color>255</color></division>";
+const std::string kDivision = "<division><low>1</low><high>2.5</high><color>255</color></division>";
 
 TEST_F(KewListing, GivesVariablesAndDivisionsInTheOrderOfTheFile) {
-  const auto variables = list(
-      "<section><variable name='b'>" + kDivision +
-      "<division><color> 254.5 </color><low>-1e3x</low><high>2,5</high></division></variable>"
-      "<!-- <variable name='c'/> --><variable name='a'/></section>");
+  const auto variables =
+      list("<section><variable name='b'>" + kDivision +
+           "<division><color> 254.5 </color><low>-1e3x</low><high>2,5</high></division></variable>"
+           "<!-- <variable name='c'/> --><variable name='a'/></section>");
   ASSERT_EQ(variables.size(), 2U);
   EXPECT_EQ(variables[0].name, "b");
   EXPECT_EQ(variables[0].failure, "");
@@ -60,9 +59,9 @@ TEST_F(KewListing, EndsAKeyWhereItsReadingFails) {
       {"<division><low>1</low><high>2</high><color>2147483648</color></division>", "Overflow"},
   };
   for (const auto& [broken, reason] : cases) {
-    const auto variables = list("<section><variable name='a'>" + kDivision + broken + kDivision +
-                                "</variable><variable name='b'>" + kDivision +
-                                "</variable></section>");
+    const auto variables =
+        list("<section><variable name='a'>" + kDivision + broken + kDivision +
+             "</variable><variable name='b'>" + kDivision + "</variable></section>");
     ASSERT_EQ(variables.size(), 2U);
     EXPECT_EQ(variables[0].divisions, (std::vector<KewDivision>{{1.0F, 2.5F, 255}}));
     EXPECT_NE(variables[0].failure.find(reason), std::string::npos) << variables[0].failure;
