@@ -11,8 +11,8 @@ NATIVE_PACKAGES=(
   fonts-liberation
   # The Windows build: cross-compiler, type library compiler, unpacking of sources
   dpkg-dev g++-mingw-w64-i686-posix mingw-w64-tools patchelf xz-utils
-  # Real data and its tools, for the tests
-  ferret-datasets netcdf-bin python3
+  # Real data and its tools, and locales with other decimal separators, for the tests
+  ferret-datasets locales netcdf-bin python3
 )
 
 missing_packages() {

@@ -16,6 +16,9 @@ class TerminalDesktop : public platform::Desktop {
     lastMessage = text;
   }
   void SetWaitPointer(bool /*wait*/) override {}
+  // As the environment says (LC_ALL, LC_NUMERIC, LANG); "." when it names no locale of this
+  // machine.
+  std::string DecimalSeparator() const override;
 
   std::string lastMessage;
 };

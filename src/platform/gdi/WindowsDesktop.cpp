@@ -35,4 +35,12 @@ void WindowsDesktop::SetWaitPointer(bool wait) {
   }
 }
 
+std::string WindowsDesktop::DecimalSeparator() const {
+  constexpr int kRoom = 8;
+  wchar_t separator[kRoom] = {};
+  const int length = GetLocaleInfoEx(LOCALE_NAME_USER_DEFAULT, LOCALE_SDECIMAL, separator, kRoom);
+  // The closing zero is counted.
+  return length > 1 ? toUtf8(separator) : Desktop::DecimalSeparator();
+}
+
 }  // namespace platform

@@ -11,6 +11,8 @@ class WindowsDesktop : public Desktop {
  public:
   void ShowMessage(std::string_view text, std::string_view caption, MessageIcon icon) override;
   void SetWaitPointer(bool wait) override;
+  // As the user has set it, whatever his language has.
+  std::string DecimalSeparator() const override;
 
  protected:
   // The window that modal boxes belong to; none by default.
