@@ -39,6 +39,16 @@ std::vector<HWND> dialogsOf(DWORD thread) {
   return found;
 }
 
+// The main thread's errand. Its modal loops let its timers run.
+std::function<void()> errand;
+std::atomic<bool> errandWaits = false, errandDone = false;
+
+void CALLBACK lookForErrand(HWND, UINT, UINT_PTR, DWORD) {
+  if (!errandWaits.exchange(false)) return;
+  errand();
+  errandDone = true;
+}
+
 INPUT stroke(WORD code, DWORD flags) {
   INPUT input = {};
   input.type = INPUT_KEYBOARD;
@@ -81,15 +91,19 @@ std::string User::during(const std::function<void()>& call,
       user.closeAll();
     }
   });
+  const UINT_PTR timer = SetTimer(nullptr, 0, 10, lookForErrand);
+  const auto end = [&] {
+    KillTimer(nullptr, timer);
+    ended = true;
+    thread.join();
+  };
   try {
     call();
   } catch (...) {
-    ended = true;
-    thread.join();
+    end();
     throw;
   }
-  ended = true;
-  thread.join();
+  end();
   return problem;
 }
 
@@ -188,6 +202,13 @@ void User::chooseColor(std::optional<COLORREF> colour) {
   }
   click(chooser, colour ? IDOK : IDCANCEL);
   untilGone(chooser);
+}
+
+void User::onMainThread(std::function<void()> action) {
+  errand = std::move(action);
+  errandDone = false;
+  errandWaits = true;
+  until("the main thread's errand", [] { return errandDone.load(); });
 }
 
 HWND User::focus() const {

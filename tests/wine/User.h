@@ -40,6 +40,9 @@ class User {
   // In the system's colour chooser; without one, the user cancels.
   void chooseColor(std::optional<COLORREF> colour);
 
+  // Has the main thread do something from within the modal loop, as the host's code might.
+  void onMainThread(std::function<void()> action);
+
   HWND focus() const;
   // The dialog's window with all that is on it, once it is painted.
   host::Picture shoot(HWND dialog);

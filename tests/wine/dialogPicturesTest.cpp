@@ -62,8 +62,8 @@ class DialogPictures : public DialogTest {
     const HDC screen = GetDC(nullptr);
     const int dpi = GetDeviceCaps(screen, LOGPIXELSX);
     ReleaseDC(nullptr, screen);
-    const std::filesystem::path folder =
-        std::filesystem::path(programFolder()) / ("dialogs-" + std::to_string(dpi));
+    const std::filesystem::path folder = std::filesystem::path(programFolder()) /
+                                         ("dialogs-" + std::to_string(dpi) + kind_);
     std::filesystem::create_directories(folder);
     host::savePicture(picture, (folder / (name + L".png")).wstring());
     EXPECT_EQ(clippedIn(dialog), std::vector<std::string>()) << host::narrow(name);
@@ -73,50 +73,68 @@ class DialogPictures : public DialogTest {
     EXPECT_EQ(place.left, (GetSystemMetrics(SM_CXSCREEN) - picture.width) / 2);
     EXPECT_EQ(place.top, (GetSystemMetrics(SM_CYSCREEN) - picture.height) / 2);
   }
+
+  void lookAtAll() {
+    control().call(L"NewColorKey");
+    for (int k = 0; k < 20; ++k) {
+      const int colour = 255 - 13 * k + 256 * (k < 10 ? 25 * k : 25 * (19 - k)) + 65536 * 13 * k;
+      control().call(L"AddColorKey", {12 + 0.25 * k, 12.25 + 0.25 * k, colour});
+    }
+    showOptions([&](User& user, HWND options) {
+      look(user, options, L"frmOptions");
+      user.click(options, IDC_CMDEDITLEGEND);
+      const HWND editor = user.dialog(kEditor);
+      look(user, editor, L"frmColorKey");
+      user.click(editor, IDC_CMDAUTODIV);
+      const HWND division = user.dialog(kAutoDiv);
+      look(user, division, L"frmAutoDiv");
+      user.type(GetDlgItem(division, IDC_FLDMAXVAL), L"15m");
+      user.until("a mark", [&] { return !textOf(division, IDC_PROBLEM).empty(); });
+      look(user, division, L"frmAutoDiv-wrong");
+      user.click(division, IDCANCEL);
+      user.untilGone(division);
+      user.click(editor, IDC_CMDCOLORRAMP);
+      const HWND ramp = user.dialog(kColorRamp);
+      look(user, ramp, L"frmColorRamp");
+      user.click(ramp, IDCANCEL);
+      user.untilGone(ramp);
+      user.click(editor, IDOK);
+      user.untilGone(editor);
+      user.click(options, IDOK);
+    });
+    // With OK, the key went to the file.
+    showOptions([&](User& user, HWND options) {
+      user.click(options, IDC_CMDEDITLEGEND);
+      const HWND editor = user.dialog(kEditor);
+      user.click(editor, IDC_CMDIMPORT);
+      user.chooseFile(folder_.file("tiny.KEW"));
+      const HWND names = user.dialog(kVarName);
+      look(user, names, L"frmVarName");
+      user.click(names, IDCANCEL);
+      user.untilGone(names);
+      user.click(editor, IDCANCEL);
+      user.untilGone(editor);
+      user.click(options, IDOK);
+    });
+  }
+
+  std::string kind_;
 };
 
-TEST_F(DialogPictures, OfEveryDialog) {
-  control().call(L"NewColorKey");
-  for (int k = 0; k < 20; ++k) {
-    const int colour = 255 - 13 * k + 256 * (k < 10 ? 25 * k : 25 * (19 - k)) + 65536 * 13 * k;
-    control().call(L"AddColorKey", {12 + 0.25 * k, 12.25 + 0.25 * k, colour});
-  }
-  showOptions([&](User& user, HWND options) {
-    look(user, options, L"frmOptions");
-    user.click(options, IDC_CMDEDITLEGEND);
-    const HWND editor = user.dialog(kEditor);
-    look(user, editor, L"frmColorKey");
-    user.click(editor, IDC_CMDAUTODIV);
-    const HWND division = user.dialog(kAutoDiv);
-    look(user, division, L"frmAutoDiv");
-    user.type(GetDlgItem(division, IDC_FLDMAXVAL), L"15m");
-    user.until("a mark", [&] { return !textOf(division, IDC_PROBLEM).empty(); });
-    look(user, division, L"frmAutoDiv-wrong");
-    user.click(division, IDCANCEL);
-    user.untilGone(division);
-    user.click(editor, IDC_CMDCOLORRAMP);
-    const HWND ramp = user.dialog(kColorRamp);
-    look(user, ramp, L"frmColorRamp");
-    user.click(ramp, IDCANCEL);
-    user.untilGone(ramp);
-    user.click(editor, IDOK);
-    user.untilGone(editor);
-    user.click(options, IDOK);
-  });
-  // With OK, the key went to the file.
-  showOptions([&](User& user, HWND options) {
-    user.click(options, IDC_CMDEDITLEGEND);
-    const HWND editor = user.dialog(kEditor);
-    user.click(editor, IDC_CMDIMPORT);
-    user.chooseFile(folder_.file("tiny.KEW"));
-    const HWND names = user.dialog(kVarName);
-    look(user, names, L"frmVarName");
-    user.click(names, IDCANCEL);
-    user.untilGone(names);
-    user.click(editor, IDCANCEL);
-    user.untilGone(editor);
-    user.click(options, IDOK);
-  });
+TEST_F(DialogPictures, OfEveryDialog) { lookAtAll(); }
+
+// A user who wants larger letters gets larger dialogs.
+TEST_F(DialogPictures, OfEveryDialogInLargerLetters) {
+  NONCLIENTMETRICSW metrics = {};
+  metrics.cbSize = sizeof metrics;
+  ASSERT_TRUE(SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0));
+  const LOGFONTW before = metrics.lfMessageFont;
+  metrics.lfMessageFont.lfHeight = 3 * before.lfHeight / 2;
+  ASSERT_TRUE(SystemParametersInfoW(SPI_SETNONCLIENTMETRICS, sizeof metrics, &metrics, 0));
+  kind_ = "-large";
+  lookAtAll();
+  metrics.lfMessageFont = before;
+  SystemParametersInfoW(SPI_SETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
 }
 
 }  // namespace

@@ -27,6 +27,9 @@ LRESULT CALLBACK procedure(HWND control, UINT message, WPARAM wide, LPARAM longe
       // What a taken Tab or Enter leaves behind; an edit box would beep at it.
       if (wide == L'\t' || wide == L'\r') return 0;
       break;
+    case WM_MOUSEWHEEL:
+      // An edit box of one line has no use for it, and yet may not pass it on.
+      return SendMessageW(GetParent(control), message, wide, longer);
     case WM_NCDESTROY:
       RemovePropW(control, kTaker);
       break;

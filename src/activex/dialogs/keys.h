@@ -15,8 +15,8 @@ class KeyTaker {
   ~KeyTaker() = default;
 };
 
-// Lets a control's keys go by a taker, which must outlive the control. The control's user data is
-// spoken for then.
+// Lets a control's keys go by a taker, which must outlive the control, and its wheel messages to
+// the dialog. The control's user data is spoken for then.
 void takeKeys(HWND control, KeyTaker& taker);
 
 bool keyIsDown(int key);

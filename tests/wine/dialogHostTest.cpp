@@ -1,0 +1,139 @@
+#include "DialogTest.h"
+
+#include <memory>
+
+#include "ComOwner.h"
+
+namespace winetest {
+namespace {
+
+// What the host notices of a dialog, and what it may do meanwhile.
+using DialogHost = DialogTest;
+
+TEST_F(DialogHost, OwnsTheDialogsAndIsDisabled) {
+  showOptions([this](User& user, HWND options) {
+    EXPECT_EQ(GetWindow(options, GW_OWNER), form_.window());
+    EXPECT_FALSE(IsWindowEnabled(form_.window()));
+    user.click(options, IDC_CMDEDITLEGEND);
+    const HWND editor = user.dialog(kEditor);
+    EXPECT_EQ(GetWindow(editor, GW_OWNER), options);
+    EXPECT_FALSE(IsWindowEnabled(options));
+    user.click(editor, IDCANCEL);
+    user.untilGone(editor);
+    user.until("the options are back", [&] { return IsWindowEnabled(options) != 0; });
+    user.click(options, IDCANCEL);
+  });
+  EXPECT_TRUE(IsWindowEnabled(form_.window()));
+}
+
+TEST_F(DialogHost, CannotReenter) {
+  HRESULT drawing = S_OK, options = S_OK;
+  int items = -1;
+  const auto refusal = [this](const wchar_t* member) {
+    try {
+      control().call(member);
+    } catch (const host::HostError& error) {
+      return error.code();
+    }
+    return S_OK;
+  };
+  showOptions([&](User& user, HWND dialog) {
+    user.onMainThread([&] {
+      drawing = refusal(L"Draw");
+      options = refusal(L"ShowOptions");
+      items = control().get(L"NumDrawAbleItems").number();
+      form_.resize(300, 200);
+    });
+    user.click(dialog, IDOK);
+  });
+  EXPECT_EQ(drawing, RPC_E_CALL_REJECTED);
+  EXPECT_EQ(options, RPC_E_CALL_REJECTED);
+  EXPECT_EQ(items, 2);
+  EXPECT_EQ(form_.shoot().width, 300);
+  EXPECT_TRUE(form_.oleDraw() == form_.shoot());
+}
+
+// The form goes with its control while dialogs are up, one on the other: they go too, the call
+// comes back, and the control is still good for something.
+TEST_F(DialogHost, TakesItsDialogsAlong) {
+  for (const std::wstring last : {kEditor, kAutoDiv, kChooser, kOpen, kOptions}) {
+    auto form = std::make_unique<host::Form>(L"Kelvane.KelvaneCtl", 300, 200);
+    host::Object kept(form->control().dispatch());
+    const HWND window = form->window();
+    EXPECT_EQ(User::during([&] { kept.call(L"ShowOptions"); },
+                           [&](User& user) {
+                             const HWND options = user.dialog(kOptions);
+                             if (last != kOptions) {
+                               user.click(options, IDC_CMDEDITLEGEND);
+                               const HWND editor = user.dialog(kEditor);
+                               if (last == kAutoDiv) user.click(editor, IDC_CMDAUTODIV);
+                               if (last == kChooser) user.click(editor, partOf(0, ROW_LBLCOLOR));
+                               if (last == kOpen) user.click(editor, IDC_CMDIMPORT);
+                             }
+                             user.dialog(last);
+                             user.onMainThread([&] { DestroyWindow(window); });
+                             user.untilGone(window);
+                             user.untilGone(options);
+                           }),
+              "")
+        << host::narrow(last);
+    EXPECT_FALSE(IsWindow(window));
+    EXPECT_EQ(kept.get(L"NumDrawAbleItems").number(), 2);
+    form.reset();
+    kept.call(L"ReDraw");
+  }
+}
+
+// Without a form: the dialogs have no owner then.
+TEST_F(DialogHost, NeedNotBeThere) {
+  host::ComOwner<IUnknown> made;
+  CLSID id = {};
+  ASSERT_EQ(CLSIDFromProgID(L"Kelvane.KelvaneCtl", &id), S_OK);
+  ASSERT_EQ(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown, made.receiveAny()),
+            S_OK);
+  host::Object lone(made.get());
+  EXPECT_EQ(User::during([&] { lone.call(L"ShowOptions"); },
+                         [&](User& user) {
+                           const HWND options = user.dialog(kOptions);
+                           EXPECT_EQ(GetWindow(options, GW_OWNER), nullptr);
+                           user.click(options, IDC_CMDEDITLEGEND);
+                           const HWND editor = user.dialog(kEditor);
+                           user.click(editor, IDCANCEL);
+                           user.untilGone(editor);
+                           user.click(options, IDOK);
+                         }),
+            "");
+}
+
+// The colours that the user has mixed are there the next time.
+TEST_F(DialogHost, KeepsTheUsersColors) {
+  constexpr int addToCustom = 712;  // by the system's own template
+  static uint32_t blue = 30;
+  blue += 10;  // a new colour, however often the test is repeated
+  makeKey(1);
+  // How many pixels of the chooser have the colour; with add, after it was mixed.
+  const auto customColour = [this](bool add) {
+    uint32_t seen = 0;
+    editKey([&](User& user, HWND editor) {
+      user.click(editor, partOf(0, ROW_LBLCOLOR));
+      const HWND chooser = user.dialog(kChooser);
+      if (add) {
+        SetDlgItemInt(chooser, 706, 10, FALSE);
+        SetDlgItemInt(chooser, 707, 200, FALSE);
+        SetDlgItemInt(chooser, 708, blue, FALSE);
+        user.click(chooser, addToCustom);
+      }
+      const host::Picture picture = user.shoot(chooser);
+      for (const uint32_t pixel : picture.pixels) seen += pixel == (0x0AC800 | blue);
+      user.chooseColor({});
+      user.click(editor, IDCANCEL);
+    });
+    return seen;
+  };
+  const uint32_t before = customColour(false);
+  customColour(true);
+  EXPECT_GT(customColour(false), before) << "kept although the choice was cancelled";
+}
+
+}  // namespace
+}  // namespace winetest
