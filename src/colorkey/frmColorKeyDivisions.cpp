@@ -95,9 +95,9 @@ void frmColorKey::OpenColorKey(const std::string& fileName) {
     dialogs_.ShowModal(choice);
     if (choice.Result() < 0 || closed()) return;
     std::vector<Row> imported;
-    readVariable(fileName, choice.varname(), [&](int32_t, const KewDivision& division) {
+    readVariable(fileName, choice.varname(), [&](int32_t, const DivisionElement& division) {
       imported.push_back(
-          {util::asDouble(division.low), util::asDouble(division.high), division.color});
+          {util::asDouble(division.low()), util::asDouble(division.high()), division.color()});
     });
     // A variable without divisions, or none of that name, brings no rows.
     if (!imported.empty()) replaceRows(std::move(imported));

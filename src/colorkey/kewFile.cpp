@@ -1,5 +1,6 @@
 #include "colorkey/kewFile.h"
 
+#include <new>
 #include <stdexcept>
 
 #include "colorkey/colorKey.h"
@@ -20,13 +21,14 @@ namespace {
 
 const std::string& shownVariable() { return KelvaneMain::DrawItems(KelvaneMain::Item_shown).name; }
 
-void takeIntoKey(int32_t k, const KewDivision& division) {
+// The lists grow before anything is read, so that a division that fails midway has its place.
+void takeIntoKey(int32_t k, const DivisionElement& division) {
   ColorKey.color.resizeKeeping(k);
   ColorKey.low.resizeKeeping(k);
   ColorKey.high.resizeKeeping(k);
-  ColorKey.low(k) = division.low;
-  ColorKey.high(k) = division.high;
-  ColorKey.color(k) = division.color;
+  ColorKey.low(k) = division.low();
+  ColorKey.high(k) = division.high();
+  ColorKey.color(k) = division.color();
 }
 
 // The user's separator, although the reader takes the point alone: files have always been
@@ -38,18 +40,27 @@ std::string boundText(float bound, const std::string& separator) {
   return text;
 }
 
+// The tree says nothing when its memory ends, and a shortened key must not be saved over a whole
+// one.
+template <class Made>
+Made made(Made result) {
+  if (!result) throw std::bad_alloc();
+  return result;
+}
+
 void appendText(pugi::xml_node parent, const char* name, const std::string& text) {
-  parent.append_child(name).append_child(pugi::node_pcdata).set_value(text.c_str());
+  pugi::xml_node element = made(parent.append_child(name));
+  made(made(element.append_child(pugi::node_pcdata)).set_value(text.c_str()));
 }
 
 void appendKey(pugi::xml_node section, const std::string& variable) {
   // Divisions are counted in 16 bits.
   const int16_t count = util::roundToInteger(ColorKey.nDivision);
   const std::string separator = platform::desktop().DecimalSeparator();
-  pugi::xml_node element = section.append_child("variable");
-  element.append_attribute("name").set_value(variable.c_str());
+  pugi::xml_node element = made(section.append_child("variable"));
+  made(made(element.append_attribute("name")).set_value(variable.c_str()));
   for (int32_t i = 1; i <= count; ++i) {
-    pugi::xml_node division = element.append_child("division");
+    pugi::xml_node division = made(element.append_child("division"));
     appendText(division, "low", boundText(ColorKey.low(i), separator));
     appendText(division, "high", boundText(ColorKey.high(i), separator));
     appendText(division, "color", util::generalText(ColorKey.color(i)));
@@ -58,9 +69,9 @@ void appendKey(pugi::xml_node section, const std::string& variable) {
 
 void saveNew(const std::string& fileName, const std::string& variable) {
   KewDocument document;
-  pugi::xml_node declaration = document.tree.append_child(pugi::node_declaration);
-  declaration.append_attribute("version").set_value("1.0");
-  appendKey(document.tree.append_child("section"), variable);
+  pugi::xml_node declaration = made(document.tree.append_child(pugi::node_declaration));
+  made(made(declaration.append_attribute("version")).set_value("1.0"));
+  appendKey(made(document.tree.append_child("section")), variable);
   document.save(fileName);
 }
 
@@ -92,8 +103,8 @@ int32_t GetKewCol(const std::string& fileName) {
 void SaveKEW() {
   try {
     const std::string& variable = shownVariable();
-    if (ocxNetNc::ncf.NcFileName.empty()) throw std::runtime_error("There is no data set");
     const std::string fileName = ownKewFile();
+    if (fileName.empty()) throw std::runtime_error("There is no data set");
     if (platform::fileExists(fileName)) {
       SaveExistingKew(fileName, variable);
     } else {
@@ -114,6 +125,7 @@ void SaveExistingKew(const std::string& fileName, const std::string& variable) {
 
 std::string ownKewFile() {
   std::string name = ocxNetNc::ncf.NcFileName;
+  if (name.empty()) return name;
   ocxStrings::ChangeExtension(name, "KEW");
   return name;
 }

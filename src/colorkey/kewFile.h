@@ -24,7 +24,7 @@ void SaveKEW();
 // the file as it was.
 void SaveExistingKew(const std::string& fileName, const std::string& variable);
 
-// The data set's own KEW file: its name with the extension "KEW".
+// The data set's own KEW file: its name with the extension "KEW"; empty without a data set.
 std::string ownKewFile();
 
 }  // namespace ModColor

@@ -20,8 +20,8 @@ std::vector<KewVariable> ListKewFile(const std::string& fileName) {
     variable.ignored = !element.attribute("name") || !names.insert(variable.name).second;
     try {
       checkQueryable(variable.name);
-      readDivisions(element, [&](int32_t, const KewDivision& division) {
-        variable.divisions.push_back(division);
+      readDivisions(element, [&](int32_t, const DivisionElement& division) {
+        variable.divisions.push_back(division.whole());
       });
     } catch (const util::RuntimeError& error) {
       variable.failure = error.what();

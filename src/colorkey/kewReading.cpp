@@ -14,29 +14,28 @@ double numberIn(pugi::xml_node division, std::string_view name) {
   return util::leadingNumber(textOf(element));
 }
 
-KewDivision divisionOf(pugi::xml_node division) {
-  KewDivision read;
-  read.low = util::storeSingle(numberIn(division, "low"));
-  read.high = util::storeSingle(numberIn(division, "high"));
-  read.color = util::roundToLong(numberIn(division, "color"));
-  return read;
-}
-
 }  // namespace
 
-int32_t readDivisions(pugi::xml_node variable,
-                      const std::function<void(int32_t k, const KewDivision&)>& take) {
+float DivisionElement::low() const { return util::storeSingle(numberIn(division_, "low")); }
+
+float DivisionElement::high() const { return util::storeSingle(numberIn(division_, "high")); }
+
+platform::Colour DivisionElement::color() const {
+  return util::roundToLong(numberIn(division_, "color"));
+}
+
+int32_t readDivisions(pugi::xml_node variable, const TakeDivision& take) {
   int16_t k = 0;
   for (pugi::xml_node division = firstElement(variable, "division"); division;
        division = nextElement(division, variable, "division")) {
     k = util::addInteger(k, 1);
-    take(k, divisionOf(division));
+    take(k, DivisionElement(division));
   }
   return k;
 }
 
 int32_t readVariable(const std::string& fileName, const std::string& variable,
-                     const std::function<void(int32_t k, const KewDivision&)>& take) {
+                     const TakeDivision& take) {
   checkQueryable(variable);
   KewDocument document;
   try {

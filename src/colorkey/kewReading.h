@@ -9,18 +9,31 @@
 
 namespace ModColor {
 
+// A division element. Its numbers are those at the start of the texts of its first low, high and
+// color. Run-time error 91 where that is missing; 6 for a bound beyond the single range or a
+// colour (rounded, halves to even) beyond 32 bits.
+class DivisionElement {
+ public:
+  explicit DivisionElement(pugi::xml_node division) : division_(division) {}
+  float low() const;
+  float high() const;
+  platform::Colour color() const;
+  KewDivision whole() const { return {low(), high(), color()}; }
+
+ private:
+  pugi::xml_node division_;
+};
+
+using TakeDivision = std::function<void(int32_t k, const DivisionElement&)>;
+
 // Takes the divisions below a variable element one by one in document order, k = 1, 2, .., and
-// returns their number. A division's numbers are those at the start of the texts of its first
-// low, high and color. Run-time error 91 for a division without one of the three; 6 for a bound
-// beyond the single range, for a colour (rounded, halves to even) beyond 32 bits, and for a
-// division that a 16-bit counter cannot count.
-int32_t readDivisions(pugi::xml_node variable,
-                      const std::function<void(int32_t k, const KewDivision&)>& take);
+// returns their number. Run-time error 6 for a division that a 16-bit counter cannot count.
+int32_t readDivisions(pugi::xml_node variable, const TakeDivision& take);
 
 // The same for the first variable element of a name in a file. Returns -1 when the file is
 // missing, malformed or without the variable. Run-time error 5 for a name with a double quote.
 int32_t readVariable(const std::string& fileName, const std::string& variable,
-                     const std::function<void(int32_t k, const KewDivision&)>& take);
+                     const TakeDivision& take);
 
 // Names stand between double quotes in the query for their key: one with a quote of its own would
 // end it early and could make it another, wider query. Run-time error 5 for such a name.

@@ -105,7 +105,6 @@ void DrawVSection(Pictures& pictures) {
   {
     const SurfaceState sectionState(pictures.picSection);
     const SurfaceState contoursState(pictures.picContours);
-    const SurfaceState dateTimeState(pictures.picDateTime);
     trapped([&] {
       // All three, whatever is drawn on them: nothing old may come through the transfers.
       pictures.picSection.Cls();

@@ -4,7 +4,8 @@
 
 namespace KelvaneMain {
 
-// Paints the vertical section held in section_values: titles, cell blocks, axes, legend, and
+// Paints the vertical section held in section_values: titles, cell blocks, axes, legend, contour
+// lines where the view style asks for them (and this frame has a mapping to place them by), and
 // combines the pictures onto Picture1. A trapped failure ends the drawing steps and is put in
 // LastError under "DrawVSection KelvaneMain"; what was drawn up to it is shown.
 void DrawVSection(platform::Pictures& pictures);

@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <cstdint>
+#include <string>
 
 #include "util/numberText.h"
 #include "util/rounding.h"
@@ -17,6 +18,13 @@ constexpr double kNoise = 1e-4;
 
 // The number that a reader sees when a single is printed: 0.1, not 0.10000000149.
 double asPrinted(float value) { return util::leadingNumber(util::generalText(value)); }
+
+// The text of a tick's place, unless the sum of the printed numbers has a clearly shorter one:
+// -0.3 + 3 x 0.1 is stored as -7.450581E-09 and read as 0. Where the numbers are long themselves
+// it is the sum of the printed ones that is off.
+std::string shorter(const std::string& ofPlace, const std::string& ofPrinted) {
+  return ofPrinted.size() + 2 < ofPlace.size() ? ofPrinted : ofPlace;
+}
 
 }  // namespace
 
@@ -34,10 +42,10 @@ std::vector<ValueTick> valueTicks(float minimum, float maximum, float interval) 
       ticks.push_back({maximum, util::generalText(maximum)});
       return ticks;
     }
-    // Sums of the printed numbers: of the stored ones, -0.3 + 3 x 0.1 is not 0 but -7.450581E-09.
     const double printed = printedMinimum + counter * printedInterval;
-    const float labelled = std::fabs(printed) < noise ? 0.0F : util::storeSingle(printed);
-    ticks.push_back({util::storeSingle(exact), util::generalText(labelled)});
+    const float rounded = std::fabs(printed) < noise ? 0.0F : util::storeSingle(printed);
+    const float position = util::storeSingle(exact);
+    ticks.push_back({position, shorter(util::generalText(position), util::generalText(rounded))});
     counter = util::addInteger(counter, 1);
   }
 }

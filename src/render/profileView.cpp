@@ -110,7 +110,6 @@ void DrawProfileView(Pictures& pictures) {
   if (Item_shown < 1 || section.npts < 1 || section.ncols < 1 || section_values.empty()) return;
   {
     const SurfaceState sectionState(pictures.picSection);
-    const SurfaceState dateTimeState(pictures.picDateTime);
     trapped([&] {
       // Both, whatever is drawn on them: nothing old may come through the transfers.
       pictures.picSection.Cls();

@@ -115,8 +115,10 @@ void CairoPixelBox::drawSlanted(const LinePiece& line, int32_t thickness, Colour
   cairo_set_antialias(context, hard ? CAIRO_ANTIALIAS_NONE : CAIRO_ANTIALIAS_DEFAULT);
   cairo_set_line_width(context, thickness);
   cairo_set_line_cap(context, CAIRO_LINE_CAP_ROUND);
-  cairo_move_to(context, line.x1 + 0.5, line.y1 + 0.5);
-  cairo_line_to(context, line.x2 + 0.5, line.y2 + 0.5);
+  // Centred as the lines along the axes are: in a pixel, or between two of them.
+  const double centre = thickness % 2 == 0 ? 0.0 : 0.5;
+  cairo_move_to(context, line.x1 + centre, line.y1 + centre);
+  cairo_line_to(context, line.x2 + centre, line.y2 + centre);
   cairo_stroke(context);
 }
 

@@ -92,6 +92,21 @@ TEST_F(PixelsTest, ThickLinesGrowAroundTheirPlace) {
   expectFilled(box, {7, 4, 9, 20}, 0);
 }
 
+TEST_F(PixelsTest, LinesOfAllDirectionsMeetWithoutAStep) {
+  for (const int32_t thickness : {1, 2, 3}) {
+    box.Cls();
+    box.DrawWidth = thickness;
+    box.Line(20, 2, 20, 12, 0);
+    const Extent straight = inked(box);
+    box.Cls();
+    box.Line(20, 2, 20.001F, 12, 0);
+    for (int32_t x = 15; x < 25; ++x) {
+      const bool inside = x >= straight.left && x <= straight.right;
+      EXPECT_NEAR(box.pixel(x, 7) & 0xFF, inside ? 0 : 255, 2) << thickness << " at " << x;
+    }
+  }
+}
+
 TEST_F(PixelsTest, ASlantedLineCoversItsEndsAndNothingElse) {
   box.Line(5, 5, 15, 10, 0);
   EXPECT_LT(box.pixel(5, 5) & 0xFF, 128);

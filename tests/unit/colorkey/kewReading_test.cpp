@@ -152,26 +152,27 @@ TEST_F(KewReading, WithoutAKeyInTheFileNothingChangesAndNothingIsSaid) {
   }
 }
 
-TEST_F(KewReading, KeepsTheDivisionsBeforeOneThatFails) {
+TEST_F(KewReading, KeepsTheDivisionsBeforeOneThatFailsAndWhatItHasOfThat) {
   struct Row {
     std::string division, failure;
+    ModColor::KewDivision begun;
   };
-  const Row rows[] = {{"<division><low>1</low><high>2</high></division>", kNotSet},
-                      {"<division><low>1</low><color>2</color></division>", kNotSet},
-                      {"<division><high>1</high><color>2</color></division>", kNotSet},
-                      {"<division/>", kNotSet},
-                      {division("1e39", "2", "3"), kOverflow},
-                      {division("1", "-1e400", "3"), kOverflow},
-                      {division("1", "2", "2147483647.5"), kOverflow},
-                      {division("1", "2", "-2147483649"), kOverflow},
-                      {division("1", "2", "1e999"), kOverflow}};
+  const Row rows[] = {{"<division><low>1</low><high>2</high></division>", kNotSet, {1, 2, 0}},
+                      {"<division><low>1</low><color>2</color></division>", kNotSet, {1, 0, 0}},
+                      {"<division><high>1</high><color>2</color></division>", kNotSet, {}},
+                      {"<division/>", kNotSet, {}},
+                      {division("1e39", "2", "3"), kOverflow, {}},
+                      {division("1", "-1e400", "3"), kOverflow, {1, 0, 0}},
+                      {division("1", "2", "2147483647.5"), kOverflow, {1, 2, 0}},
+                      {division("1", "2", "-2147483649"), kOverflow, {1, 2, 0}},
+                      {division("1", "2", "1e999"), kOverflow, {1, 2, 0}}};
   for (const Row& row : rows) {
     setKey({{7, 7, 7}, {8, 8, 8}, {9, 9, 9}, {9, 9, 9}});
     EXPECT_EQ(read("<variable name='temp'>" + division("1", "2", "255") + division("2", "3", "1") +
                    row.division + division("4", "5", "6") + "</variable>"),
               -1);
     EXPECT_EQ(util::LastError, failure(row.failure)) << row.division;
-    EXPECT_EQ(lists(), (Divisions{{1, 2, 255}, {2, 3, 1}})) << row.division;
+    EXPECT_EQ(lists(), (Divisions{{1, 2, 255}, {2, 3, 1}, row.begun})) << row.division;
   }
   EXPECT_TRUE(desktop.messages.empty());
 }

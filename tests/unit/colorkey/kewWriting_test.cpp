@@ -325,7 +325,7 @@ TEST_F(KewWriting, TheOwnFileIsNamedAfterTheLastPointOfTheWholeName) {
                                                       {"run1", "run1.KEW"},
                                                       {"run 1  .nc", "run 1.KEW"},
                                                       {"a.b.nc", "a.b.KEW"},
-                                                      {"", ".KEW"}};
+                                                      {"", ""}};
   for (const auto& [dataSet, own] : rows) {
     ocxNetNc::ncf.NcFileName = dataSet;
     EXPECT_EQ(ModColor::ownKewFile(), own) << dataSet;

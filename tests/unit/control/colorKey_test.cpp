@@ -112,7 +112,8 @@ TEST_F(ColorKeyMembers, SayWhyALoadFailedMidway) {
   EXPECT_EQ(control.ErrorMessage(),
             "ModColor GetKewCol: 91, KelvaneCtl, Object variable or With block variable not set");
   EXPECT_EQ(ColorKey.nDivision, -1);
-  EXPECT_EQ(ColorKey.low.size(), 1) << "what was read before stays";
+  EXPECT_EQ(ColorKey.low.size(), 2) << "what was read before stays, and the place of the next";
+  EXPECT_EQ(ColorKey.high(1), 2.0F);
   EXPECT_TRUE(desktop.messages.empty());
 }
 

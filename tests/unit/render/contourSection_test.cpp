@@ -157,6 +157,34 @@ TEST_F(ContourSectionTest, TheSurfaceKeepsItsState) {
   draw();
   EXPECT_EQ(boxes.picContours.ForeColor, 5);
   EXPECT_EQ(boxes.picContours.DrawWidth, 3);
+  ASSERT_FALSE(boxes.picContours.of(Kind::Line).empty());
+  for (const Operation& line : boxes.picContours.of(Kind::Line)) {
+    EXPECT_EQ(line.drawWidth, 1);
+    EXPECT_EQ(line.colour, 77);
+  }
+}
+
+// Two gaps of two columns, on either side of the diagonal of one column by one mean level step.
+TEST_F(ContourSectionTest, LinesAreJoinedOverOneStepInBothDirections) {
+  DrawItems(1).plot_max = 19;
+  DrawItems(1).plot_min = 12;
+  DrawItems(1).plot_interval = 5;  // of the multiples, 15 alone is within the range
+  for (const auto& [ncols, polylines] : {std::pair(6, 1), std::pair(5, 2)}) {
+    holdGrid(ncols, {0, 20, 200});
+    for (int32_t c = 1; c <= ncols; ++c) {
+      section_values.store(c, 1, 10);
+      section_values.store(c, 2, 20);
+      section_values.store(c, 3, 20);
+    }
+    for (int32_t k = 1; k <= 3; ++k) section_values.store(3, k, -1e35F);
+    draw();
+    const double column = 462.0 / ncols, levelStep = 309.0 / 2;
+    const double gap = 4 * column * column, tolerance = column * column + levelStep * levelStep;
+    ASSERT_EQ(gap <= tolerance, polylines == 1);
+    ASSERT_GT(gap, column * column + 309.0 * 309.0 / 9);
+    // The picture is refreshed after every polyline.
+    EXPECT_EQ(std::ssize(boxes.picContours.of(Kind::Refresh)), polylines) << ncols;
+  }
 }
 
 TEST_F(ContourSectionTest, AFieldOfOneValueAndASingleLevelHaveNoLines) {

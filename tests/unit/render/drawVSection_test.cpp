@@ -194,7 +194,6 @@ TEST_F(DrawVSectionTest, TheSurfacesKeepTheirFontsAndColours) {
   draw();
   EXPECT_EQ(boxes.picSection.Font, (platform::Font{.Size = 9}));
   EXPECT_EQ(boxes.picSection.ForeColor, 77);
-  EXPECT_EQ(boxes.picDateTime.Font, platform::Font{});
 }
 
 TEST_F(DrawVSectionTest, ASingleLevelBelowTheSurfaceHasAxesAndNoBlock) {
