@@ -33,7 +33,7 @@ int run(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  cli::prepareDescriptors();
+  cli::prepareWriting();
   try {
     return run(argc, argv);
   } catch (const cli::ReaderGone&) {

@@ -4,6 +4,7 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
@@ -32,6 +33,25 @@ bool writeAll(int descriptor, std::string_view text) {
 std::string_view variableOf(const char* name) {
   const char* const value = std::getenv(name);
   return value == nullptr ? std::string_view() : value;
+}
+
+// The number of bytes of the character at the start of the text if it is one that steers a
+// terminal, otherwise 0.
+std::size_t steeringLength(std::string_view text) {
+  const auto byte = [&](std::size_t at) {
+    return at < text.size() ? static_cast<unsigned char>(text[at]) : 0;
+  };
+  const auto within = [](int value, int first, int last) {
+    return first <= value && value <= last;
+  };
+  if (byte(0) < 0x20 || byte(0) == 0x7F) return 1;
+  if (byte(0) == 0xC2 && within(byte(1), 0x80, 0x9F)) return 2;  // U+0080 to U+009F
+  if (byte(0) == 0xD8 && byte(1) == 0x9C) return 2;              // U+061C
+  if (byte(0) != 0xE2) return 0;
+  const bool direction = (byte(1) == 0x80 && (within(byte(2), 0x8E, 0x8F) ||    // U+200E, U+200F
+                                              within(byte(2), 0xAA, 0xAE))) ||  // U+202A to U+202E
+                         (byte(1) == 0x81 && within(byte(2), 0xA6, 0xA9));      // U+2066 to U+2069
+  return direction ? 3 : 0;
 }
 
 bool isCapableTerminal(int descriptor) {
@@ -78,23 +98,16 @@ bool outputTakesColours() {
 
 std::string printable(std::string_view text, LineFeeds lineFeeds) {
   std::string result;
-  for (std::size_t at = 0; at < text.size(); ++at) {
-    const unsigned char c = static_cast<unsigned char>(text[at]);
-    const bool lineFeed = c == '\n' && lineFeeds == LineFeeds::Keep;
-    if ((c < 0x20 && !lineFeed) || c == 0x7F) {
-      result += ' ';
-    } else if (c == 0xC2 && at + 1 < text.size() &&
-               static_cast<unsigned char>(text[at + 1]) < 0xA0) {
-      result += ' ';  // a control character of two bytes
-      ++at;
-    } else {
-      result += text[at];
-    }
+  while (!text.empty()) {
+    const bool keep = text.front() == '\n' && lineFeeds == LineFeeds::Keep;
+    const std::size_t steering = keep ? 0 : steeringLength(text);
+    result += steering > 0 ? ' ' : text.front();
+    text.remove_prefix(std::max<std::size_t>(steering, 1));
   }
   return result;
 }
 
-void prepareDescriptors() {
+void prepareWriting() {
   for (int descriptor = STDIN_FILENO; descriptor <= STDERR_FILENO; ++descriptor) {
     if (::fcntl(descriptor, F_GETFD) < 0 && errno == EBADF) {
       // Opened for reading only: writing to what was closed stays an error.
@@ -102,6 +115,7 @@ void prepareDescriptors() {
     }
   }
   std::signal(SIGPIPE, SIG_IGN);
+  std::signal(SIGXFSZ, SIG_IGN);
 }
 
 }  // namespace cli

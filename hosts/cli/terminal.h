@@ -30,13 +30,15 @@ int32_t errorsWidth();
 // Standard output is a terminal, and NO_COLOR (when not empty) does not ask for plain text.
 bool outputTakesColours();
 
-// The text without control characters, which a data set could otherwise use to steer the
-// terminal. Line feeds stay when they are wanted.
+// The text without the characters that a data set could otherwise use to steer the terminal:
+// control characters, and those that turn the direction of writing. Each becomes a blank. Line
+// feeds stay when they are wanted.
 enum class LineFeeds { Keep, Replace };
 std::string printable(std::string_view text, LineFeeds lineFeeds = LineFeeds::Replace);
 
-// Makes sure that the three standard descriptors are taken, so that no file that is opened
-// later is mistaken for one of them, and that a closed pipe is an error like any other.
-void prepareDescriptors();
+// To be called before anything is opened. Makes sure that the three standard descriptors are
+// taken, so that no file that is opened later is mistaken for one of them, and that a closed pipe
+// or a limit on the size of files is an error of writing like any other.
+void prepareWriting();
 
 }  // namespace cli
