@@ -8,6 +8,7 @@
 #include "failures.h"
 #include "jsonNumber.h"
 #include "kewKeys.h"
+#include "nameList.h"
 #include "terminal.h"
 #include "util/numberText.h"
 
@@ -57,9 +58,8 @@ std::string headline(const KewVariable& variable) {
     text += variable.name.empty() ? " (ignored: it belongs to no variable)"
                                   : " (ignored: the first key of this name counts)";
   }
-  if (!variable.failure.empty()) {
-    text += ", then not readable: " + printable(variable.failure);
-  }
+  const std::string failure = failureOf(variable);
+  if (!failure.empty()) text += ", then not readable: " + printable(failure);
   return text + "\n";
 }
 
@@ -96,6 +96,8 @@ void writeText(const std::vector<KewVariable>& variables) {
   output.finish();
 }
 
+Json textOrNull(const std::string& text) { return text.empty() ? Json() : Json(text); }
+
 void writeJson(const std::string& file, const std::vector<KewVariable>& variables,
                const std::string& failure) {
   Json list = Json::array();
@@ -109,15 +111,27 @@ void writeJson(const std::string& file, const std::vector<KewVariable>& variable
     }
     list.push_back({{"name", variable.name},
                     {"ignored", variable.ignored},
-                    {"error", variable.failure.empty() ? Json() : Json(variable.failure)},
+                    {"error", textOrNull(failureOf(variable))},
                     {"divisions", divisions}});
   }
-  const Json json = {
-      {"file", file}, {"error", failure.empty() ? Json() : Json(failure)}, {"variables", list}};
+  const Json json = {{"file", file}, {"error", textOrNull(failure)}, {"variables", list}};
   Output output;
   // A file name can be any bytes; what is not UTF-8 is replaced.
   output.write(json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n");
   output.finish();
+}
+
+// Why not every key that counts is what its file means; empty when every one is.
+std::string brokenKeys(const std::string& file, const std::vector<KewVariable>& variables) {
+  std::vector<std::string> broken;
+  for (const KewVariable& variable : variables) {
+    const std::string failure = failureOf(variable);
+    if (!variable.ignored && !failure.empty()) {
+      broken.push_back(variable.name + " (" + failure + ")");
+    }
+  }
+  return broken.empty() ? ""
+                        : file + ": keys that cannot be read to their end: " + nameList(broken);
 }
 
 }  // namespace
@@ -127,6 +141,7 @@ void listKeys(const std::string& file, KeyForm form) {
   std::string failure;
   try {
     variables = keysOf(file);
+    failure = brokenKeys(file, variables);
   } catch (const Failure& error) {
     failure = error.what();
   }

@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "failures.h"
+#include "nameList.h"
 #include "netcdf/ncf.h"
 #include "section/drawItems.h"
 #include "terminal.h"
@@ -48,11 +49,12 @@ std::string range(const ocxNetNc::CoordinateValues& values) {
 }
 
 [[noreturn]] void refuseVariable(const control::KelvaneCtl& control, const std::string& name) {
-  std::string items;
+  std::vector<std::string> items;
   for (int32_t item = 1; item <= control.NumDrawAbleItems(); ++item) {
-    items += (items.empty() ? "" : ", ") + control.ItemName(item);
+    items.push_back(control.ItemName(item));
   }
-  throw Failure(control.ErrorMessage() + ": " + name + "\nItems that can be drawn: " + items);
+  throw Failure(control.ErrorMessage() + ": " + name +
+                "\nItems that can be drawn: " + nameList(items));
 }
 
 [[noreturn]] void refusePath(const control::KelvaneCtl& control) {

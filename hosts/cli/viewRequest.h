@@ -18,12 +18,14 @@ struct ViewRequest {
 };
 
 // Sets the control as asked for; the data set is open and the variable selected. Throws Failure
-// when the key file gives no key for the variable.
+// when the key file gives no key for the variable, or when the data set's name gives no name for
+// a KEW file of its own that is wanted.
 void applyView(control::KelvaneCtl& control, const ViewRequest& view);
 
 // Has the control load the data set's own KEW file or, when there is none, make a key for the
 // plotting range of the step drawn last and save it; says on standard error which. Throws
-// Failure when there is no key then, or a new one could not be saved.
+// Failure when there is no key then, when that range is none, or when a new one could not be
+// saved.
 void initColorKey(control::KelvaneCtl& control, TerminalDesktop& desktop);
 
 }  // namespace cli

@@ -69,18 +69,6 @@ TEST_F(Key, ReadsNumbersAsTheControlDoes) {
             (json{{"low", 10.0}, {"high", -0.001}, {"color", 254}, {"rgb", "#fe0000"}}));
 }
 
-TEST_F(Key, TellsWhereTheReadingOfAKeyEnds) {
-  write(kewVariable("temp", kewDivision("0", "1", "2") + "<division><low>1</low></division>" +
-                                kewDivision("2", "3", "4")));
-  const json variable = listed()["variables"][0];
-  EXPECT_TRUE(variable["error"].is_string()) << variable;
-  EXPECT_GE(variable["divisions"].size(), 1U);
-  EXPECT_LT(variable["divisions"].size(), 3U);
-  const Result text = kelvane({"key", "a.kew"});
-  EXPECT_EQ(text.status, 0);
-  EXPECT_TRUE(contains(text.out, ", then not readable: ")) << text.out;
-}
-
 TEST_F(Key, AVariableWithoutANameIsIgnored) {
   write("<variable>" + kTemp + "</variable>" + kewVariable("temp", ""));
   const json variables = listed()["variables"];
