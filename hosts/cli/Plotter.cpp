@@ -5,6 +5,9 @@
 #include "failures.h"
 #include "interruption.h"
 #include "netcdf/title.h"
+#include "render/plotFrame.h"
+#include "terminal.h"
+#include "util/numberText.h"
 
 namespace cli {
 namespace {
@@ -22,8 +25,26 @@ std::string pictureTitle() {
   return ocxNetNc::TitleLines(4) + (date.empty() ? "" : ", " + date);
 }
 
-void refuseShortfall(const std::string& shortfall) {
-  if (!shortfall.empty()) throw Failure(shortfall);
+std::string pixels(float width, float height) {
+  return util::generalText(width) + "x" + util::generalText(height);
+}
+
+[[noreturn]] void refusePicture(const std::string& shortfall, PictureSize size) {
+  if (!shortfall.starts_with("[Cartesian] screen size out of range")) throw Failure(shortfall);
+  const KelvaneMain::PlotGeometry& plot = KelvaneMain::plot;
+  throw Failure(shortfall + "\nThe picture is too small for its margins: of its " +
+                pixels(static_cast<float>(size.width), static_cast<float>(size.height)) +
+                " pixels they take " +
+                pixels(plot.LeftMargin + plot.RightMargin, plot.TopMargin + plot.BottomMargin) +
+                ".");
+}
+
+void noteHiddenProfiles(const PictureRequest& request) {
+  constexpr std::size_t kColours = 7;
+  if (!request.view.single || request.section.path.size() < kColours) return;
+  report(
+      "note: one graph tells six profiles apart; the seventh is white on white, and from the "
+      "eighth on the colours repeat.");
 }
 
 bool sameFile(const std::string& one, const std::string& other) {
@@ -40,19 +61,23 @@ Plotter::Plotter(const PictureRequest& request)
   control_.Resize(request.size.width, request.size.height);
   prepareSection(control_, request.section);
   applyView(control_, request.view);
+  noteHiddenProfiles(request);
 }
 
 void Plotter::drawStep(int32_t step) {
-  const std::string shortfall =
-      shortfallOf(control_, desktop_, [&] { control_.SetCurrentTime(step); });
-  refuseShortfall(shortfall);
+  drawThrough([&] { control_.SetCurrentTime(step); });
   if (!request_.view.autoKey) return;
   initColorKey(control_, desktop_);
-  refuseShortfall(shortfallOf(control_, desktop_, [&] { control_.ReDraw(); }));
+  drawThrough([&] { control_.ReDraw(); });
 }
 
 void Plotter::drawNextStep() {
-  refuseShortfall(shortfallOf(control_, desktop_, [&] { control_.AdvanceTime(1); }));
+  drawThrough([&] { control_.AdvanceTime(1); });
+}
+
+void Plotter::drawThrough(const std::function<void()>& member) {
+  const std::string shortfall = shortfallOf(control_, desktop_, member);
+  if (!shortfall.empty()) refusePicture(shortfall, request_.size);
 }
 
 void Plotter::save(const std::string& name) const {

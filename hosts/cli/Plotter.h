@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "optionText.h"
@@ -34,6 +35,9 @@ class Plotter {
   void save(const std::string& name) const;
 
  private:
+  // Has a member draw; throws Failure when the picture is not complete.
+  void drawThrough(const std::function<void()>& member);
+
   platform::CairoPictures pictures_;
   TerminalDesktop desktop_;
   control::KelvaneCtl control_;

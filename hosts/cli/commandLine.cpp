@@ -1,5 +1,7 @@
 #include "commandLine.h"
 
+#include <algorithm>
+
 namespace cli {
 namespace {
 
@@ -65,7 +67,8 @@ void definePicture(CLI::App& command, PictureRequest& request) {
   defineView(command, request.view);
   addRead(command, "--size", "WxH", request.size, readSize,
           "a size like 1000x600 (1 to 32767 pixels a side)",
-          "Width and height in pixels (default 1000x600)");
+          "Width and height in pixels, 1 to 32767 each, in a PNG file 67108864 pixels\n"
+          "in all at most (default 1000x600)");
 }
 
 // The output option: its text goes to take, the format is that of the file it names.
@@ -78,6 +81,29 @@ CLI::Option* addOutput(CLI::App& command, const char* type, const char* help,
 
 void storeFormat(const std::string& name, PictureFormat& format) {
   store("--output", name, format, formatOf, "a name ending in .png, .svg or .pdf");
+}
+
+void checkSize(const PictureRequest& request) {
+  if (isPossible(request.size, request.format)) return;
+  throw CLI::ValidationError(
+      "--size", std::to_string(request.size.width) + "x" + std::to_string(request.size.height) +
+                    " are too many pixels for a PNG file, which has " +
+                    std::to_string(kPixelLimit) + " at most; .svg and .pdf have no such limit");
+}
+
+// Refuses arguments that nothing takes, in the order they were given in.
+[[noreturn]] void refuseExtras(std::vector<std::string> found, int argc, const char* const* argv) {
+  std::vector<std::string> extras;
+  for (int at = 1; at < argc; ++at) {
+    const auto extra = std::ranges::find(found, std::string(argv[at]));
+    if (extra == found.end()) continue;
+    if (*extra != "--") extras.push_back(*extra);
+    found.erase(extra);
+  }
+  std::string text = extras.size() > 1 ? "The following arguments were not expected:"
+                                       : "The following argument was not expected:";
+  for (const std::string& extra : extras) text += " " + extra;
+  throw CLI::ExtrasError(text, CLI::ExitCodes::ExtrasError);
 }
 
 }  // namespace
@@ -142,6 +168,16 @@ void CommandLine::defineKey() {
   key_ = app_.add_subcommand("key", "List the colour keys of a KEW file");
   key_->add_option("file", keyFile_, "KEW file")->required()->type_name("");
   key_->add_flag("--json", keyJson_, "List as JSON");
+}
+
+void CommandLine::parse(int argc, const char* const* argv) {
+  try {
+    app_.parse(argc, argv);
+  } catch (const CLI::ExtrasError&) {
+    refuseExtras(app_.remaining(true), argc, argv);
+  }
+  if (draw_->parsed()) checkSize(drawRequest_.picture);
+  if (animate_->parsed()) checkSize(animateRequest_.picture);
 }
 
 void CommandLine::run() const {

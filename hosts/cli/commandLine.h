@@ -19,7 +19,7 @@ class CommandLine {
   CommandLine(const CommandLine&) = delete;
   CommandLine& operator=(const CommandLine&) = delete;
 
-  void parse(int argc, const char* const* argv) { app_.parse(argc, argv); }
+  void parse(int argc, const char* const* argv);
   // Does what was asked for.
   void run() const;
 

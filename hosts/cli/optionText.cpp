@@ -75,8 +75,7 @@ std::optional<PictureSize> readSize(std::string_view text) {
   if (!width || !(scanner.pass('x') || scanner.pass('X'))) return std::nullopt;
   const std::optional<int32_t> height = scanner.number<int32_t>();
   if (!height || !scanner.atEnd()) return std::nullopt;
-  if (*width < 1 || *height < 1 || *width > kSideLimit || *height > kSideLimit ||
-      *width > kPixelLimit / *height) {
+  if (*width < 1 || *height < 1 || *width > kSideLimit || *height > kSideLimit) {
     return std::nullopt;
   }
   return PictureSize{*width, *height};
@@ -111,6 +110,10 @@ std::optional<PictureFormat> formatOf(std::string_view fileName) {
   if (extension == "SVG") return PictureFormat::Svg;
   if (extension == "PDF") return PictureFormat::Pdf;
   return std::nullopt;
+}
+
+bool isPossible(PictureSize size, PictureFormat format) {
+  return format != PictureFormat::Png || size.width <= kPixelLimit / size.height;
 }
 
 }  // namespace cli

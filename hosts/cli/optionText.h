@@ -16,7 +16,7 @@ struct PathPoint {
 // the text is anything else.
 std::optional<std::vector<PathPoint>> readPath(std::string_view text);
 
-// The widest and highest picture, and the most pixels it may have in all.
+// The widest and highest picture, and the most pixels that one of pixels may have in all.
 inline constexpr int32_t kSideLimit = 32767;
 inline constexpr int32_t kPixelLimit = 67108864;
 
@@ -25,7 +25,8 @@ struct PictureSize {
   bool operator==(const PictureSize&) const = default;
 };
 
-// Reads "WIDTHxHEIGHT" in pixels. Nothing when the text is anything else or beyond the limits.
+// Reads "WIDTHxHEIGHT" in pixels. Nothing when the text is anything else or a side is beyond its
+// limit.
 std::optional<PictureSize> readSize(std::string_view text);
 
 // Reads the number of a time step, 1 or more.
@@ -45,5 +46,8 @@ enum class PictureFormat { Png, Svg, Pdf };
 
 // The format that the extension of a file name asks for, in small or capital letters.
 std::optional<PictureFormat> formatOf(std::string_view fileName);
+
+// Pictures of this format can have this size.
+bool isPossible(PictureSize size, PictureFormat format);
 
 }  // namespace cli

@@ -69,6 +69,11 @@ void takePipes(const Surroundings& surroundings, const Pipe& out, const Pipe& er
 
 [[noreturn]] void become(std::vector<char*>& arguments, const Surroundings& surroundings) {
   std::signal(SIGPIPE, SIG_DFL);
+  std::signal(SIGXFSZ, SIG_DFL);
+  if (surroundings.fileSizeLimit) {
+    const rlimit limit{*surroundings.fileSizeLimit, *surroundings.fileSizeLimit};
+    if (::setrlimit(RLIMIT_FSIZE, &limit) != 0) ::_exit(kCannotStart);
+  }
   for (const auto& [name, value] : surroundings.environment) {
     ::setenv(name.c_str(), value.c_str(), 1);
   }

@@ -24,6 +24,7 @@ struct Surroundings {
   // it is Result::out. 0: pipes.
   unsigned short terminalColumns = 0;
   std::vector<std::pair<std::string, std::string>> environment;  // set besides what is set here
+  std::optional<unsigned> fileSizeLimit;                         // bytes that a file may grow to
   // Called again and again with the process while it runs, until it returns true.
   std::function<bool(pid_t)> meanwhile;
 };

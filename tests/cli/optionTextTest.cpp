@@ -44,12 +44,21 @@ TEST(PathText, TwoPointsOrMoreAndNothingElse) {
 TEST(SizeText, WidthAndHeightWithinTheLimits) {
   EXPECT_EQ(cli::readSize("1000x600"), (cli::PictureSize{1000, 600}));
   EXPECT_EQ(cli::readSize("1X2"), (cli::PictureSize{1, 2}));
-  EXPECT_EQ(cli::readSize("32767x2048"), (cli::PictureSize{32767, 2048}));
-  for (const char* text :
-       {"", "1000", "1000x", "x600", "0x600", "1000x0", "-1x5", "10x5x2", "1.5x2", "32768x1",
-        "32767x2049", "99999999999x1", "10 x 20", "10x20 "}) {
+  EXPECT_EQ(cli::readSize("32767x32767"), (cli::PictureSize{32767, 32767}));
+  for (const char* text : {"", "1000", "1000x", "x600", "0x600", "1000x0", "-1x5", "10x5x2",
+                           "1.5x2", "32768x1", "1x32768", "99999999999x1", "10 x 20", "10x20 "}) {
     EXPECT_EQ(cli::readSize(text), std::nullopt) << text;
   }
+}
+
+TEST(SizeText, PixelsInAllAreLimitedInPngAlone) {
+  using cli::PictureFormat;
+  EXPECT_TRUE(cli::isPossible({32767, 2048}, PictureFormat::Png));
+  EXPECT_TRUE(cli::isPossible({8192, 8192}, PictureFormat::Png));
+  EXPECT_FALSE(cli::isPossible({32767, 2049}, PictureFormat::Png));
+  EXPECT_FALSE(cli::isPossible({32767, 32767}, PictureFormat::Png));
+  EXPECT_TRUE(cli::isPossible({32767, 32767}, PictureFormat::Svg));
+  EXPECT_TRUE(cli::isPossible({32767, 32767}, PictureFormat::Pdf));
 }
 
 TEST(StepText, WholeNumbersFromOne) {
