@@ -14,14 +14,19 @@
 #include <exception>
 #include <filesystem>
 #include <string>
+#include <string_view>
 
 #include "SampleFile.h"
 #include "SampleOcean.h"
 #include "SamplePacific.h"
 
 int main(int argc, char** argv) {
-  if (argc != 2) {
-    std::fputs("usage: make_sample OUTDIR\n", stderr);
+  constexpr char kUsage[] = "usage: make_sample OUTDIR\n";
+  const std::string_view argument = argc == 2 ? argv[1] : "";
+  if (argument == "--help") return std::fputs(kUsage, stdout) < 0 ? 1 : 0;
+  // An option that is no option would become a folder.
+  if (argc != 2 || argument.starts_with('-')) {
+    std::fputs(kUsage, stderr);
     return 2;
   }
   try {

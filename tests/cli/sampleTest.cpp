@@ -120,6 +120,17 @@ TEST_F(Sample, HasAnOceanAcrossTheDateLine) {
 TEST_F(Sample, WrongUseAndUnwritableFoldersAreReported) {
   EXPECT_EQ(run({MAKE_SAMPLE_PROGRAM}).status, 2);
   EXPECT_EQ(run({MAKE_SAMPLE_PROGRAM, "a", "b"}).status, 2);
+  Surroundings here;
+  here.folder = folder.path().string();
+  for (const char* option : {"--", "-h", "--version", "-out"}) {
+    const Result refused = run({MAKE_SAMPLE_PROGRAM, option}, here);
+    EXPECT_EQ(refused.status, 2) << option;
+    EXPECT_EQ(refused.err, "usage: make_sample OUTDIR\n");
+  }
+  const Result help = run({MAKE_SAMPLE_PROGRAM, "--help"}, here);
+  EXPECT_EQ(help.status, 0);
+  EXPECT_EQ(help.out, "usage: make_sample OUTDIR\n");
+  EXPECT_EQ(help.err, "");
   const Result result = run({MAKE_SAMPLE_PROGRAM, file("small.nc")});  // a file, not a folder
   EXPECT_EQ(result.status, 1);
   EXPECT_TRUE(contains(result.err, "small.nc")) << result.err;
