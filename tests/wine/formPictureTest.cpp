@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "Form.h"
 #include "reference.h"
 #include "render/plotFrame.h"
@@ -44,6 +46,7 @@ class FormPicture : public testing::TestWithParam<Section> {
 
   void drawOn(Form& form, const Section& section) {
     auto& control = form.control();
+    control.put(L"UseColorKey", false);  // controls of a process share their state
     EXPECT_EQ(control.call(L"NcFile", {host::wide(file_)}).number(), 1);
     control.call(L"NewSection");
     for (const auto& [x, y] : section.path) control.call(L"AddSection", {x, y});
@@ -81,10 +84,8 @@ TEST_P(FormPicture, ShowsEveryCell) {
       double value = 0;
       const bool stands = valueByHand(section.variable, section.time, k, cell.j, cell.i, value);
       const uint32_t expected = stands ? rampByHand((value - least) / span) : 0xFFFFFF;
-      const auto middle =
-          KelvaneMain::WorldToSurface(c - 0.5, -(kDepths[k] + kDepths[k + 1]) / 2);
-      const uint32_t shown =
-          picture.at(static_cast<int>(middle.x), static_cast<int>(middle.y));
+      const auto middle = KelvaneMain::WorldToSurface(c - 0.5, -(kDepths[k] + kDepths[k + 1]) / 2);
+      const uint32_t shown = picture.at(static_cast<int>(middle.x), static_cast<int>(middle.y));
       for (const int shift : {0, 8, 16}) {
         // The value went through singles; a component may fall to the other side of an integer.
         EXPECT_NEAR(static_cast<int>(shown >> shift & 0xFF),
@@ -96,11 +97,11 @@ TEST_P(FormPicture, ShowsEveryCell) {
   EXPECT_TRUE(picture == reference.picture());
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    , FormPicture,
-    testing::Values(kAlongMeridian, kAlongParallel, Section{"temp", 2, {{350, -1}, {360, 0.5}}},
-                    Section{"salt", 1, {{350, -1}, {360, 0.5}}},
-                    Section{"salt", 2, {{354.5, -1}, {354.5, 0.4}}}));
+INSTANTIATE_TEST_SUITE_P(, FormPicture,
+                         testing::Values(kAlongMeridian, kAlongParallel,
+                                         Section{"temp", 2, {{350, -1}, {360, 0.5}}},
+                                         Section{"salt", 1, {{350, -1}, {360, 0.5}}},
+                                         Section{"salt", 2, {{354.5, -1}, {354.5, 0.4}}}));
 
 using OneForm = FormPicture;
 
@@ -114,8 +115,7 @@ TEST_F(OneForm, HasTheKnownColours) {
                                              {0x4E4EF5, 0x6161F5, 0x7373F5}};
   for (int k = 1; k <= kCellLevels; ++k) {
     for (int c = 1; c <= 3; ++c) {
-      const auto middle =
-          KelvaneMain::WorldToSurface(c - 0.5, -(kDepths[k] + kDepths[k + 1]) / 2);
+      const auto middle = KelvaneMain::WorldToSurface(c - 0.5, -(kDepths[k] + kDepths[k + 1]) / 2);
       EXPECT_EQ(picture.at(static_cast<int>(middle.x), static_cast<int>(middle.y)),
                 expected[k - 1][c - 1])
           << "column " << c << " level " << k;
@@ -123,13 +123,79 @@ TEST_F(OneForm, HasTheKnownColours) {
   }
 }
 
+TEST_F(OneForm, ShadesThroughAKey) {
+  Form form(kProgId, 600, 400);
+  drawOn(form, kAlongMeridian);
+  auto& control = form.control();
+  control.call(L"NewColorKey");
+  control.call(L"AddColorKey", {13.0, 13.3, 0x332211});  // blue, green, red
+  control.call(L"AddColorKey", {13.2, 16.7, 0x665544});
+  control.put(L"UseColorKey", true);
+  control.call(L"ReDraw");
+  form.pump();
+  const Picture picture = form.shoot();
+
+  Reference reference(600, 400);
+  ASSERT_TRUE(reference.draw(file_, "temp", kAlongMeridian.path, 1));
+  bool first = false, second = false, none = false;
+  for (int32_t c = 1; c <= 3; ++c) {
+    const KelvaneMain::Cell cell = KelvaneMain::section.column_cells(c);
+    for (int k = 1; k <= kCellLevels; ++k) {
+      double value = 0;
+      ASSERT_TRUE(valueByHand("temp", 1, k, cell.j, cell.i, value));
+      const bool inFirst = value >= 13.0 && value < 13.3;
+      const bool inSecond = !inFirst && value >= 13.2 && value < 16.7;
+      first |= inFirst;
+      second |= inSecond;
+      none |= !inFirst && !inSecond;
+      const auto middle = KelvaneMain::WorldToSurface(c - 0.5, -(kDepths[k] + kDepths[k + 1]) / 2);
+      EXPECT_EQ(picture.at(static_cast<int>(middle.x), static_cast<int>(middle.y)),
+                inFirst    ? 0x112233U
+                : inSecond ? 0x445566U
+                           : 0xFFFFFFU)
+          << "column " << c << " level " << k << " value " << value;
+    }
+  }
+  EXPECT_TRUE(first && second && none);
+}
+
+TEST_F(OneForm, DrawsProfiles) {
+  Form form(kProgId, 600, 400);
+  drawOn(form, kAlongParallel);
+  const Picture section = form.shoot();
+  form.control().put(L"DrawProfile", true);
+  EXPECT_TRUE(form.shoot() == section) << "choosing the view draws nothing";
+  form.control().call(L"Draw");
+  form.pump();
+  const Picture profiles = form.shoot();
+  Reference reference(600, 400);
+  ASSERT_TRUE(reference.draw(file_, "temp", kAlongParallel.path, 1));
+  reference.members().DrawProfile(true);
+  reference.members().ReDraw();
+  EXPECT_TRUE(profiles == reference.picture());
+  const auto brightBlue = std::count(profiles.pixels.begin(), profiles.pixels.end(), 0x0000FFU);
+  EXPECT_GT(brightBlue, 200) << "two profiles from top to bottom, two pixels wide";
+  form.resize(500, 300);
+  reference.members().Resize(500, 300);
+  EXPECT_TRUE(form.shoot() == reference.picture());
+  form.control().put(L"DrawVerticalSection", true);
+  form.resize(600, 400);
+  EXPECT_TRUE(form.shoot() == section);
+}
+
 TEST_F(OneForm, IsRedrawnAtEverySize) {
   Form form(kProgId, 600, 400);
   drawOn(form, kAlongParallel);
   Reference reference(600, 400);
   ASSERT_TRUE(reference.draw(file_, "temp", kAlongParallel.path, 1));
-  for (const auto& [width, height] : {std::pair(300, 200), {801, 503}, {640, 60}, {60, 480},
-                                      {1, 1}, {0, 0}, {1500, 900}, {640, 480}}) {
+  for (const auto& [width, height] : {std::pair(300, 200),
+                                      {801, 503},
+                                      {640, 60},
+                                      {60, 480},
+                                      {1, 1},
+                                      {0, 0},
+                                      {1500, 900},
+                                      {640, 480}}) {
     form.resize(width, height);
     reference.members().Resize(width, height);
     if (width == 0) continue;  // no pixel to compare

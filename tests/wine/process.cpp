@@ -20,16 +20,18 @@ std::string textOf(HWND window) {
   return host::narrow(text);
 }
 
-// One look at all windows; a box is reported once, since it goes as soon as it is answered.
+// One look at all windows; a box is reported once, since it goes as soon as it is answered: a
+// message box by OK, any other dialog, which has no text of its own, by Cancel.
 BOOL CALLBACK answer(HWND window, LPARAM parameter) {
   constexpr int textItem = 0xFFFF;
   wchar_t kind[16] = {};
   GetClassNameW(window, kind, 16);
   const HWND text = GetDlgItem(window, textItem);
-  if (std::wstring(kind) != L"#32770" || text == nullptr || !IsWindowVisible(window)) return TRUE;
-  const SeenBox box{textOf(window), textOf(text)};
+  if (std::wstring(kind) != L"#32770" || !IsWindowVisible(window)) return TRUE;
+  const SeenBox box{textOf(window), text != nullptr ? textOf(text) : ""};
+  const WPARAM reply = text != nullptr ? IDOK : IDCANCEL;
   DWORD_PTR ignored = 0;
-  if (SendMessageTimeoutW(window, WM_COMMAND, IDOK, 0, SMTO_ABORTIFHUNG, 2000, &ignored) != 0) {
+  if (SendMessageTimeoutW(window, WM_COMMAND, reply, 0, SMTO_ABORTIFHUNG, 2000, &ignored) != 0) {
     reinterpret_cast<std::vector<SeenBox>*>(parameter)->push_back(box);
   }
   return TRUE;
@@ -52,8 +54,8 @@ Outcome runProgram(const std::wstring& commandLine, Boxes boxes) {
   Outcome outcome;
   {
     SECURITY_ATTRIBUTES inherited = {sizeof inherited, nullptr, TRUE};
-    const Handle output(CreateFileW(path, GENERIC_WRITE, FILE_SHARE_READ, &inherited,
-                                    CREATE_ALWAYS, 0, nullptr));
+    const Handle output(
+        CreateFileW(path, GENERIC_WRITE, FILE_SHARE_READ, &inherited, CREATE_ALWAYS, 0, nullptr));
     STARTUPINFOW start = {};
     start.cb = sizeof start;
     start.dwFlags = STARTF_USESTDHANDLES;

@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-
 #include <windows.h>
 
 #include <fstream>
@@ -34,9 +33,9 @@ TEST_P(Scripts, PrintWhatIsExpected) {
   const std::string expected = readFile(dataFile(host::wide("scripts\\" + name + ".expected")));
   ASSERT_NE(expected, "");
 
-  const Outcome outcome = runProgram(
-      L"cscript.exe //nologo \"" + dataFile(host::wide("scripts\\" + name)) + L"\" \"" +
-      folder.path().wstring() + L"\"");
+  const Outcome outcome =
+      runProgram(L"cscript.exe //nologo \"" + dataFile(host::wide("scripts\\" + name)) + L"\" \"" +
+                 folder.path().wstring() + L"\"");
   EXPECT_TRUE(outcome.ended);
   EXPECT_EQ(outcome.status, 0U);
   EXPECT_EQ(outcome.output, expected);
@@ -46,12 +45,16 @@ TEST_P(Scripts, PrintWhatIsExpected) {
 const SeenBox kMissing{"NetCDF Error", "No such file or directory"};
 const SeenBox kUnknown{"NetCDF Error", "NetCDF: Unknown file format"};
 const SeenBox kBeyond{"NetCDF Error", "NetCDF: Index exceeds dimension bound"};
+const SeenBox kOptions{"Section View Options", ""};
+const SeenBox kNoKey{"InitColorKey", "Subscript out of range"};
 
 INSTANTIATE_TEST_SUITE_P(, Scripts,
-                         testing::Values(Script{"members.vbs", {}}, Script{"members.js", {}},
+                         testing::Values(Script{"members.vbs", {kOptions}},
+                                         Script{"members.js", {kOptions}},
                                          Script{"badFiles.vbs", {kMissing, kUnknown}},
-                                         Script{"time.vbs", {kBeyond}}, Script{"errors.vbs", {}},
-                                         Script{"errors.js", {}}));
+                                         Script{"time.vbs", {kBeyond}},
+                                         Script{"key.vbs", {kNoKey, kNoKey}},
+                                         Script{"errors.vbs", {}}, Script{"errors.js", {}}));
 
 // The scripts that are given to users as a start.
 class SampleScripts : public testing::Test {

@@ -34,10 +34,11 @@ say("UseColorKey of an empty key", control.UseColorKey);
 control.AddColorKey(0, 1, 255);
 control.UseColorKey = true;
 say("UseColorKey", control.UseColorKey);
-// What this version has not: a failure value or nothing, and the reason.
-say("KewFile", control.KewFile(folder + "\\tiny.kew"));
-say("ErrorMessage", control.ErrorMessage);
+say("KewFile of no file", control.KewFile(folder + "\\none.kew"));
 control.InitColorKey();
-say("ErrorMessage", control.ErrorMessage);
+say("UseColorKey", control.UseColorKey);
+say("KewFile", control.KewFile(folder + "\\tiny.KEW"));
+control.DrawProfile = true;
+say("Draw", control.Draw());
 control.ShowOptions();
-say("ErrorMessage", control.ErrorMessage);
+WScript.Echo("ShowOptions came back");

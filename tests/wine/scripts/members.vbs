@@ -58,14 +58,14 @@ Say "UseColorKey", control.UseColorKey
 control.UseColorKey = False
 Say "UseColorKey", control.UseColorKey
 Say "ErrorMessage", control.ErrorMessage
-' What this version has not: a failure value or nothing, and the reason.
-Say "KewFile", control.KewFile(folder & "\tiny.kew")
-Say "ErrorMessage", control.ErrorMessage
+Say "KewFile of no file", control.KewFile(folder & "\none.kew")
 Say "UseColorKey", control.UseColorKey
 control.InitColorKey
-Say "ErrorMessage", control.ErrorMessage
-control.ShowOptions
-Say "ErrorMessage", control.ErrorMessage
+Say "UseColorKey", control.UseColorKey
+Say "KewFile", control.KewFile(folder & "\tiny.KEW")
 control.DrawProfile = True
 Say "Draw", control.Draw
+Say "ReDraw", control.ReDraw
 Say "ErrorMessage", control.ErrorMessage
+control.ShowOptions
+WScript.Echo "ShowOptions came back"
