@@ -102,7 +102,9 @@ class DialogPictures : public DialogTest {
       user.untilGone(editor);
       user.click(options, IDOK);
     });
-    // With OK, the key went to the file.
+    // With OK, the keys of two variables go to the file.
+    control().call(L"SetVarByName", {L"salt"});
+    editKey([&](User& user, HWND editor) { user.click(editor, IDOK); });
     showOptions([&](User& user, HWND options) {
       user.click(options, IDC_CMDEDITLEGEND);
       const HWND editor = user.dialog(kEditor);

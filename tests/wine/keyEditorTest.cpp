@@ -159,6 +159,56 @@ TEST_F(KeyEditor, TellsOfARangeThatCannotBeDivided) {
             "frmColorKey cmdAutoDiv: 11, KelvaneCtl, Division by zero");
 }
 
+TEST_F(KeyEditor, HoldsAsManyRowsAsAKeyFileDoes) {
+  makeKey(1);
+  editKey([](User& user, HWND editor) {
+    const auto divide = [&](const wchar_t* divisions) {
+      user.click(editor, IDC_CMDAUTODIV);
+      const HWND division = user.dialog(kAutoDiv);
+      user.type(GetDlgItem(division, IDC_FLDDIVISIONS), divisions);
+      user.click(division, IDOK);
+      user.untilGone(division);
+    };
+    divide(L"32768");
+    user.until("the reason",
+               [&] { return textOf(editor, IDC_PROBLEM) == "Nothing was changed: Overflow."; });
+    EXPECT_FALSE(IsWindowVisible(part(editor, 1, ROW_FLDLOWRANGE)));
+    divide(L"32767");
+    user.until("the rows", [&] { return IsWindowVisible(part(editor, 11, ROW_FLDLOWRANGE)); });
+    EXPECT_EQ(textOf(editor, IDC_PROBLEM), "");
+    const HWND bar = GetDlgItem(editor, IDC_VSCROLL1);
+    PostMessageW(editor, WM_VSCROLL, SB_BOTTOM, reinterpret_cast<LPARAM>(bar));
+    user.until("the last row", [&] { return textOf(part(editor, 11, ROW_NUMBER)) == "32767"; });
+    EXPECT_EQ(GetScrollPos(bar, SB_CTL), 32755);
+    user.click(editor, IDC_CMDADD);
+    user.until("the reason",
+               [&] { return textOf(editor, IDC_PROBLEM) == "Nothing was changed: Overflow."; });
+    EXPECT_EQ(textOf(part(editor, 11, ROW_NUMBER)), "32767");
+    user.click(editor, IDCANCEL);
+  });
+}
+
+TEST_F(KeyEditor, LeavesItsRowsAloneWhenNothingIsChosen) {
+  makeKey(2);
+  editKey([](User& user, HWND editor) { user.click(editor, IDOK); });
+  makeKey(3);
+  // A file that is no key file has no names to choose from.
+  for (const char* name : {"tiny.KEW", "tiny.nc"}) {
+    editKey([&](User& user, HWND editor) {
+      user.click(editor, IDC_CMDIMPORT);
+      user.chooseFile(folder_.file(name));
+      const HWND names = user.dialog(kVarName);
+      EXPECT_EQ(SendMessageW(GetDlgItem(names, IDC_LSTVARNAMES), LB_GETCOUNT, 0, 0),
+                name == std::string("tiny.KEW") ? 1 : 0);
+      user.click(names, IDOK);
+      user.untilGone(names);
+      user.until("the editor is back", [&] { return IsWindowEnabled(editor) != 0; });
+      EXPECT_EQ(textOf(part(editor, 2, ROW_FLDHIGHRANGE)), "3");
+      user.click(editor, IDCANCEL);
+    });
+  }
+}
+
 TEST_F(KeyEditor, PaintsARamp) {
   makeKey(10);
   editKey([](User& user, HWND editor) {

@@ -84,6 +84,8 @@ INT_PTR DialogFace::handle(UINT message, WPARAM wide, LPARAM longer) {
       WindowForm form(window_);
       platform::CenterForm(form, {static_cast<double>(GetSystemMetrics(SM_CXSCREEN)),
                                   static_cast<double>(GetSystemMetrics(SM_CYSCREEN))});
+      // Without an owner that is in front, it would open behind the other programs.
+      if (GetWindow(window_, GW_OWNER) == nullptr) SetForegroundWindow(window_);
       if (focus == nullptr) return TRUE;
       SetFocus(focus);
       return FALSE;

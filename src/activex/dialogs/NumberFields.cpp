@@ -15,6 +15,13 @@ constexpr COLORREF kWrongBox = RGB(255, 205, 205), kWrongText = RGB(0, 0, 0);
 constexpr COLORREF kLineText = RGB(176, 0, 0);
 constexpr WPARAM kLongestNumber = 60;  // letters
 
+bool highContrast() {
+  HIGHCONTRASTW chosen = {};
+  chosen.cbSize = sizeof chosen;
+  return SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof chosen, &chosen, 0) &&
+         (chosen.dwFlags & HCF_HIGHCONTRASTON) != 0;
+}
+
 bool isSeen(HWND control) { return (GetWindowLongPtrW(control, GWL_STYLE) & WS_VISIBLE) != 0; }
 
 }  // namespace
@@ -123,7 +130,7 @@ std::optional<INT_PTR> NumberFields::onMessage(UINT message, WPARAM wide, LPARAM
     SetBkColor(dc, kWrongBox);
     return reinterpret_cast<INT_PTR>(wrongBrush_);
   }
-  if (message == WM_CTLCOLORSTATIC && control == line_) {
+  if (message == WM_CTLCOLORSTATIC && control == line_ && !highContrast()) {
     SetTextColor(dc, kLineText);
     SetBkColor(dc, GetSysColor(COLOR_BTNFACE));
     return reinterpret_cast<INT_PTR>(GetSysColorBrush(COLOR_BTNFACE));
