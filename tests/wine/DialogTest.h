@@ -24,8 +24,8 @@ inline constexpr wchar_t kOpen[] = L"Open";
 // A form with a section drawn on it, and a user at its dialogs.
 class DialogTest : public testing::Test {
  protected:
-  DialogTest() : form_((support::makeTinySet(folder_.file("tiny.nc")), L"Kelvane.KelvaneCtl"),
-                       480, 360) {
+  DialogTest()
+      : form_((support::makeTinySet(folder_.file("tiny.nc")), L"Kelvane.KelvaneCtl"), 480, 360) {
     SetForegroundWindow(form_.window());
     control().call(L"NewColorKey");
     control().put(L"UseColorKey", false);

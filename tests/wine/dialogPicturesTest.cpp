@@ -42,8 +42,10 @@ std::vector<std::string> clippedIn(HWND dialog) {
     if (!IsWindowVisible(child) || area.right == 0 || (!button && kind != L"Static")) continue;
     std::string caption = textOf(child);
     if (button && (style & BS_TYPEMASK) == BS_OWNERDRAW) {
-      if (caption.starts_with("Delete")) caption = "Delete";
-      else continue;
+      if (caption.starts_with("Delete"))
+        caption = "Delete";
+      else
+        continue;
     }
     SIZE need = needOf(child, caption);
     const bool option = button && (style & BS_TYPEMASK) == BS_AUTORADIOBUTTON;
@@ -62,8 +64,8 @@ class DialogPictures : public DialogTest {
     const HDC screen = GetDC(nullptr);
     const int dpi = GetDeviceCaps(screen, LOGPIXELSX);
     ReleaseDC(nullptr, screen);
-    const std::filesystem::path folder = std::filesystem::path(programFolder()) /
-                                         ("dialogs-" + std::to_string(dpi) + kind_);
+    const std::filesystem::path folder =
+        std::filesystem::path(programFolder()) / ("dialogs-" + std::to_string(dpi) + kind_);
     std::filesystem::create_directories(folder);
     host::savePicture(picture, (folder / (name + L".png")).wstring());
     EXPECT_EQ(clippedIn(dialog), std::vector<std::string>()) << host::narrow(name);

@@ -175,8 +175,8 @@ TEST_F(KeyEditorRows, AreAllReachedByTab) {
         user.key(VK_TAB);
       }
     }
-    for (const int button : {IDC_CMDADD, IDOK, IDCANCEL, IDC_CMDAUTODIV, IDC_CMDCOLORRAMP,
-                             IDC_CMDIMPORT}) {
+    for (const int button :
+         {IDC_CMDADD, IDOK, IDCANCEL, IDC_CMDAUTODIV, IDC_CMDCOLORRAMP, IDC_CMDIMPORT}) {
       user.until("Tab to " + std::to_string(button),
                  [&] { return user.focus() == GetDlgItem(editor, button); });
       user.key(VK_TAB);

@@ -7,9 +7,7 @@ namespace {
 class KeyEditor : public DialogTest {
  protected:
   // Whether the key file has a text.
-  bool fileHas(const std::string& text) const {
-    return kewFile().find(text) != std::string::npos;
-  }
+  bool fileHas(const std::string& text) const { return kewFile().find(text) != std::string::npos; }
 };
 
 TEST_F(KeyEditor, WritesWhatWasTypedToTheFile) {
@@ -39,8 +37,10 @@ TEST_F(KeyEditor, LeavesKeyAndFileAloneWhenCancelled) {
       EXPECT_EQ(textOf(part(editor, 0, ROW_FLDLOWRANGE)), "0");
       user.type(part(editor, 0, ROW_FLDLOWRANGE), L"7");
       user.click(editor, IDC_CMDADD);
-      if (byBox) PostMessageW(editor, WM_CLOSE, 0, 0);
-      else user.click(editor, IDCANCEL);
+      if (byBox)
+        PostMessageW(editor, WM_CLOSE, 0, 0);
+      else
+        user.click(editor, IDCANCEL);
     });
     EXPECT_EQ(kewFile(), "");
   }
@@ -84,7 +84,7 @@ TEST_F(KeyEditor, AddsAndDeletesRows) {
       return place.top;
     };
     const int firstAdd = topOf(add), pitch = topOf(part(editor, 1, ROW_FLDLOWRANGE)) -
-                                            topOf(part(editor, 0, ROW_FLDLOWRANGE));
+                                             topOf(part(editor, 0, ROW_FLDLOWRANGE));
     user.click(editor, IDC_CMDADD);
     user.until("the third row", [&] { return shown(2) && topOf(add) > firstAdd; });
     EXPECT_EQ(textOf(part(editor, 2, ROW_FLDLOWRANGE)), "1");
@@ -102,8 +102,9 @@ TEST_F(KeyEditor, AddsAndDeletesRows) {
     user.until("the focus", [&] { return user.focus() == part(editor, 0, ROW_FLDLOWRANGE); });
     user.click(editor, IDOK);
   });
-  EXPECT_TRUE(fileHas("<variable name=\"temp\"><division><low>5</low><high>2</high>"
-                      "<color>1</color></division></variable>"))
+  EXPECT_TRUE(
+      fileHas("<variable name=\"temp\"><division><low>5</low><high>2</high>"
+              "<color>1</color></division></variable>"))
       << kewFile();
 }
 

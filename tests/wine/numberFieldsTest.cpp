@@ -72,8 +72,7 @@ TEST_F(NumberFields, RefuseOk) {
     user.press(GetDlgItem(editor, IDOK));
     user.until("the selection", [&] {
       DWORD from = 1, to = 0;
-      SendMessageW(low, EM_GETSEL, reinterpret_cast<WPARAM>(&from),
-                   reinterpret_cast<LPARAM>(&to));
+      SendMessageW(low, EM_GETSEL, reinterpret_cast<WPARAM>(&from), reinterpret_cast<LPARAM>(&to));
       return user.focus() == low && from == 0 && to == 2;
     });
     EXPECT_EQ(textOf(low), "9x");

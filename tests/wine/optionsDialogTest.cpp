@@ -48,7 +48,8 @@ TEST_F(OptionsDialog, RedrawsAfterOkAlone) {
 TEST_F(OptionsDialog, IsWorkedByTheKeyboard) {
   showOptions([](User& user, HWND options) {
     user.key(VK_DOWN);
-    user.until("the next option", [&] { return IsDlgButtonChecked(options, IDC_OPTVIEWSTYLE1) != 0; });
+    user.until("the next option",
+               [&] { return IsDlgButtonChecked(options, IDC_OPTVIEWSTYLE1) != 0; });
     user.key('S', User::WithAlt);
     user.until("a mnemonic", [&] { return IsDlgButtonChecked(options, IDC_OPTVIEWSTYLE2) != 0; });
     user.key(VK_TAB);

@@ -110,8 +110,8 @@ NumberFields::Held* NumberFields::find(HWND edit) {
 }
 
 const NumberFields::Held* NumberFields::firstWrong() const {
-  const auto found = std::find_if(fields_.begin(), fields_.end(),
-                                  [](const Held& field) { return field.wrong; });
+  const auto found =
+      std::find_if(fields_.begin(), fields_.end(), [](const Held& field) { return field.wrong; });
   return found != fields_.end() ? &*found : nullptr;
 }
 

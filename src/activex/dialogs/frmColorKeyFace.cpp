@@ -215,8 +215,7 @@ void frmColorKeyFace::onWheel(int delta) {
 void frmColorKeyFace::scrollTo(int32_t row) {
   const int16_t before = dialog_.VScroll1.Value;
   const std::optional<KeyRows::Place> focused = rows_.placeOf(GetFocus());
-  dialog_.VScroll1.Value =
-      static_cast<int16_t>(std::clamp<int32_t>(row, 0, dialog_.VScroll1.Max));
+  dialog_.VScroll1.Value = static_cast<int16_t>(std::clamp<int32_t>(row, 0, dialog_.VScroll1.Max));
   if (dialog_.VScroll1.Value == before) return;
   show();
   if (!focused) return;

@@ -14,8 +14,7 @@ frmVarNameFace::frmVarNameFace(ModColor::frmVarName& dialog)
 HWND frmVarNameFace::onInit() {
   const HWND list = item(IDC_LSTVARNAMES);
   for (const std::string& name : dialog_.lstVarNames()) {
-    SendMessageW(list, LB_ADDSTRING, 0,
-                 reinterpret_cast<LPARAM>(platform::toWide(name).c_str()));
+    SendMessageW(list, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(platform::toWide(name).c_str()));
   }
   fitWidth(list);
   SendMessageW(list, LB_SETCURSEL, static_cast<WPARAM>(dialog_.ListIndex), 0);
@@ -23,7 +22,8 @@ HWND frmVarNameFace::onInit() {
 }
 
 void frmVarNameFace::onCommand(int control, int event) {
-  const auto selected = static_cast<int32_t>(SendMessageW(item(IDC_LSTVARNAMES), LB_GETCURSEL, 0, 0));
+  const auto selected =
+      static_cast<int32_t>(SendMessageW(item(IDC_LSTVARNAMES), LB_GETCURSEL, 0, 0));
   dialog_.ListIndex = selected == LB_ERR ? -1 : selected;
   if (control == IDOK && event == BN_CLICKED) {
     dialog_.OK();
