@@ -16,10 +16,11 @@ bool fileExists(const std::string& path);
 std::string readWholeFile(const std::string& path, std::size_t limit);
 
 // Writes a file completely or not at all, and durably: beside its final place, forced to the
-// disk, then renamed. Permissions of a file that was there are kept; a write-protected one is
-// refused. A link is followed; a device or pipe is written straight. A failure throws
-// std::runtime_error with a text for the user, leaves what was there before, and nothing
-// beside it.
+// disk, then renamed. A file that was there keeps its permissions, where the system allows it
+// its owner and group, and on Windows its attributes; a write-protected one is refused. A link
+// is followed; a device or pipe is written straight. A failure throws std::runtime_error with a
+// text for the user, leaves what was there before, and nothing beside it. Only a process that is
+// killed meanwhile leaves a file ".kelvane-...part" there.
 void writeWholeFile(const std::string& path, std::string_view contents);
 
 }  // namespace platform
