@@ -35,6 +35,15 @@ void divideRange(const DrawItem& item) {
   }
 }
 
+// False when there is nothing to divide: the section could not be read, or no value was ever met.
+// Ten divisions of nothing, once saved, would be found by every later call.
+bool readRange() {
+  if (KelvaneMain::ReadVSData(KelvaneMain::VarShown, KelvaneMain::TimeShown) <= 0) return false;
+  KelvaneMain::RoundPlotRange();
+  const DrawItem& item = KelvaneMain::DrawItems(KelvaneMain::Item_shown);
+  return item.maximum >= item.minimum || item.plot_max != item.plot_min;
+}
+
 void makeKey(const std::string& fileName) {
   if (ColorKey.nDivision != 0) return;
   NewColorKey();
@@ -45,12 +54,10 @@ void makeKey(const std::string& fileName) {
       return;
     }
   }
-  // Ten divisions of nothing, once saved, would be found by every later call.
-  if (KelvaneMain::ReadVSData(KelvaneMain::VarShown, KelvaneMain::TimeShown) <= 0) {
+  if (!readRange()) {
     ColorKey.nDivision = 0;
     return;
   }
-  KelvaneMain::RoundPlotRange();
   divideRange(KelvaneMain::DrawItems(KelvaneMain::Item_shown));
   bUseKey = -1;
   SaveKEW();

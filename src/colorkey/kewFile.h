@@ -6,7 +6,8 @@
 namespace ModColor {
 
 // KEW files keep colour keys on disk, one for each variable name, as XML:
-// section / variable (name) / division / low, high, color.
+// section / variable (name) / division / low, high, color. A bound that is no finite number has no
+// text that reads back: it comes back as 0.
 
 // Reads the key of the item shown into ColorKey's lists: the first variable element of its name
 // in document order. Returns the number of divisions, which the caller stores as nDivision; -1,

@@ -12,16 +12,13 @@ namespace ModColor {
 // A division element. Its numbers are those at the start of the texts of its first low, high and
 // color. Run-time error 91 where that is missing; 6 for a bound beyond the single range or a
 // colour (rounded, halves to even) beyond 32 bits.
-class DivisionElement {
- public:
-  explicit DivisionElement(pugi::xml_node division) : division_(division) {}
+struct DivisionElement {
   float low() const;
   float high() const;
   platform::Colour color() const;
   KewDivision whole() const { return {low(), high(), color()}; }
 
- private:
-  pugi::xml_node division_;
+  pugi::xml_node lowElement, highElement, colorElement;  // null where missing
 };
 
 using TakeDivision = std::function<void(int32_t k, const DivisionElement&)>;

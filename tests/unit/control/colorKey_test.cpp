@@ -212,6 +212,21 @@ TEST_F(ColorKeyMembers, MakeNoDefaultKeyOfASectionThatCannotBeRead) {
   EXPECT_TRUE(desktop.messages.empty());
 }
 
+// Ten divisions of nothing, once saved, would be found by every later call.
+TEST_F(ColorKeyMembers, MakeNoDefaultKeyOfASectionWithoutValues) {
+  ASSERT_EQ(control.NcFile(tinySet()), 1);
+  control.AddSection(350, -1);  // salt is missing in the southernmost row
+  control.AddSection(358, -1);
+  ASSERT_EQ(control.EndSection(), 1);
+  ASSERT_EQ(control.SetVarByName("salt"), 1);
+  control.AddColorKey(5, 6, 7);
+  control.InitColorKey();
+  EXPECT_EQ(ColorKey.nDivision, 0);
+  EXPECT_FALSE(control.UseColorKey());
+  EXPECT_FALSE(ownFileIsThere());
+  EXPECT_TRUE(desktop.messages.empty());
+}
+
 TEST_F(ColorKeyMembers, MakeNoDefaultKeyBeforeTheFirstDataSet) {
   control.InitColorKey();
   EXPECT_EQ(ColorKey.nDivision, 0);
