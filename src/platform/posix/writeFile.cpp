@@ -6,6 +6,7 @@
 
 #include "platform/files.h"
 #include "platform/posix/descriptor.h"
+#include "platform/posix/permissions.h"
 #include "platform/wholeFile.h"
 
 namespace platform {
@@ -73,20 +74,6 @@ void checkWritable(const std::string& path, const fs::path& target, const struct
   }
 }
 
-// Gives a new file the owner, the group and the permissions of the one it replaces. Only the
-// superuser may give files away, and to a group of his own only its owner. Who would get another
-// group's permissions by that gets those of everybody.
-std::error_code takeOver(int descriptor, const struct stat& old) {
-  struct stat now = {};
-  if (fstat(descriptor, &now) != 0) return lastError();
-  const bool owner = now.st_uid == old.st_uid || fchown(descriptor, old.st_uid, gid_t(-1)) == 0;
-  const bool group = now.st_gid == old.st_gid || fchown(descriptor, uid_t(-1), old.st_gid) == 0;
-  mode_t mode = old.st_mode & mode_t{07777};
-  if (!owner) mode &= ~mode_t{S_ISUID};
-  if (!group) mode = (mode & ~mode_t{S_ISGID | S_IRWXG}) | ((mode & mode_t{S_IRWXO}) << 3);
-  return fchmod(descriptor, mode) != 0 ? lastError() : std::error_code();
-}
-
 // A new file beside the target that becomes the target or goes.
 class Part {
  public:
@@ -99,10 +86,11 @@ class Part {
   Part(const Part&) = delete;
   Part& operator=(const Part&) = delete;
 
-  std::error_code fill(std::string_view contents, const struct stat* old) {
+  // With the permissions of the file `target`, of which `old` are the facts, if it is there.
+  std::error_code fill(std::string_view contents, const fs::path& target, const struct stat* old) {
     if (!created_) return failure_;
     std::error_code failure = writeAll(file_.number(), contents);
-    if (!failure && old != nullptr) failure = takeOver(file_.number(), *old);
+    if (!failure && old != nullptr) failure = takeOver(file_.number(), target, *old);
     if (!failure) failure = forceToDisk(file_.number());
     const std::error_code closing = file_.close();
     return failure ? failure : closing;
@@ -163,7 +151,7 @@ void writeWholeFile(const std::string& path, std::string_view contents) {
   if (replaces) checkWritable(path, target, old);
   {
     Part part(target.parent_path(), replaces);
-    failure = part.fill(contents, replaces ? &old : nullptr);
+    failure = part.fill(contents, target, replaces ? &old : nullptr);
     if (!failure) failure = part.become(target);
   }
   if (failure) fail(path, failure);
