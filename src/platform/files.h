@@ -8,7 +8,8 @@ namespace platform {
 
 // File names are UTF-8.
 
-// True for a file that is there, whatever its kind; false for a folder.
+// True for a file that is there, whatever its kind; false for a folder, for a link that leads
+// nowhere and for a name with a zero byte.
 bool fileExists(const std::string& path);
 
 // The whole of a regular file. A failure throws std::runtime_error with a text for the user: a
@@ -17,10 +18,11 @@ std::string readWholeFile(const std::string& path, std::size_t limit);
 
 // Writes a file completely or not at all, and durably: beside its final place, forced to the
 // disk, then renamed. A file that was there keeps its permissions, where the system allows it
-// its owner and group, and on Windows its attributes; a write-protected one is refused. A link
-// is followed; a device or pipe is written straight. A failure throws std::runtime_error with a
-// text for the user, leaves what was there before, and nothing beside it. Only a process that is
-// killed meanwhile leaves a file ".kelvane-...part" there.
+// its owner, group and access control list, and on Windows its attributes; a write-protected one
+// is refused. A symbolic link is followed; on Windows one that leads nowhere is refused. Another
+// hard link keeps the old contents. A device or pipe is written straight. A failure throws
+// std::runtime_error with a text for the user, leaves what was there before, and nothing beside
+// it. Only a process that is killed meanwhile leaves a file ".kelvane-...part" there.
 void writeWholeFile(const std::string& path, std::string_view contents);
 
 }  // namespace platform

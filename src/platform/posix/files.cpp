@@ -34,6 +34,7 @@ int openWithoutWaiting(const std::string& path) {
 }  // namespace
 
 bool fileExists(const std::string& path) {
+  if (path.find('\0') != std::string::npos) return false;
   std::error_code ignored;
   const std::filesystem::file_status status = std::filesystem::status(path, ignored);
   return std::filesystem::exists(status) && !std::filesystem::is_directory(status);

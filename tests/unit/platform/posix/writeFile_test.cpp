@@ -14,6 +14,7 @@
 
 #include "platform/files.h"
 #include "support/TempFolder.h"
+#include "unit/platform/sharedFile.h"
 
 namespace {
 
@@ -228,6 +229,17 @@ TEST(WriteWholeFileOnPosix, WhatAKilledProgramLeftIsInNobodysWay) {
   EXPECT_EQ(contentsOf(folder.file("file")), "new");
   EXPECT_EQ(recorder.recorded.renamed, part.substr(0, number) + std::to_string(last + 4) + ".part");
   EXPECT_EQ(filesIn(folder), 4);
+}
+
+TEST(WriteWholeFileOnPosix, WritersAndReadersOfOneFileNeverMix) {
+  const TempFolder folder;
+  const support::SharedFile result = support::shareFile(folder.file("shared"), 40);
+  EXPECT_EQ(result.written, 80);
+  EXPECT_GT(result.read, 1);
+  EXPECT_EQ(result.mixed, 0);
+  EXPECT_EQ(result.writeFailures, std::vector<std::string>());
+  EXPECT_EQ(result.readFailures, std::vector<std::string>());
+  EXPECT_EQ(filesIn(folder), 1);
 }
 
 TEST(WriteWholeFileOnPosix, APipeIsWrittenStraight) {
