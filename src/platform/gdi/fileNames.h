@@ -21,6 +21,12 @@ class FileHandle {
   FileHandle(const FileHandle&) = delete;
   FileHandle& operator=(const FileHandle&) = delete;
 
+  FileHandle& operator=(HANDLE handle) {
+    close();
+    handle_ = handle;
+    return *this;
+  }
+
   bool isOpen() const { return handle_ != INVALID_HANDLE_VALUE; }
   HANDLE get() const { return handle_; }
   // False when closing failed.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/gdi/busyFiles.h"
 #include "platform/gdi/fileNames.h"
 #include "platform/wholeFile.h"
 
@@ -12,12 +13,24 @@ namespace {
   failFile("read", path, reasonOf(error));
 }
 
+// Whether a link, or another name that stands for something elsewhere, leads to a file.
+bool leadsToFile(const std::wstring& name) {
+  const FileHandle file(CreateFileW(name.c_str(), 0, kShareAll, nullptr, OPEN_EXISTING,
+                                    FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+  if (!file.isOpen()) return GetLastError() == ERROR_SHARING_VIOLATION;
+  BY_HANDLE_FILE_INFORMATION facts = {};
+  return GetFileInformationByHandle(file.get(), &facts) == 0 ||
+         (facts.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
 }  // namespace
 
 bool fileExists(const std::string& path) {
   if (path.empty() || path.find('\0') != std::string::npos) return false;
-  const DWORD attributes = GetFileAttributesW(systemName(path).c_str());
+  const std::wstring name = systemName(path);
+  const DWORD attributes = GetFileAttributesW(name.c_str());
   if (attributes == INVALID_FILE_ATTRIBUTES) return GetLastError() == ERROR_SHARING_VIOLATION;
+  if ((attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0) return leadsToFile(name);
   return (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
@@ -29,9 +42,13 @@ std::string readWholeFile(const std::string& path, std::size_t limit) {
   if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
     failFile("read", path, kIsDirectory);
   }
-  const FileHandle file(CreateFileW(name.c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING,
-                                    FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
-  if (!file.isOpen()) fail(path, GetLastError());
+  FileHandle file;
+  const DWORD error = tryForAMoment(isHeld, [&]() -> DWORD {
+    file = CreateFileW(name.c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING,
+                       FILE_FLAG_SEQUENTIAL_SCAN, nullptr);
+    return file.isOpen() ? ERROR_SUCCESS : GetLastError();
+  });
+  if (error != ERROR_SUCCESS) fail(path, error);
   if (GetFileType(file.get()) != FILE_TYPE_DISK) failFile("read", path, kNotRegular);
   LARGE_INTEGER length = {};
   if (GetFileSizeEx(file.get(), &length) == 0) fail(path, GetLastError());

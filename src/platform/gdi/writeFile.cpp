@@ -1,3 +1,4 @@
+#include "platform/gdi/busyFiles.h"
 #include "platform/gdi/fileNames.h"
 // Needs windows.h before it.
 #include <aclapi.h>
@@ -37,43 +38,46 @@ DWORD forceToDisk(HANDLE file) {
   return error == ERROR_INVALID_FUNCTION || error == ERROR_NOT_SUPPORTED ? kNoError : error;
 }
 
-bool isBusy(DWORD error) {
-  return error == ERROR_SHARING_VIOLATION || error == ERROR_LOCK_VIOLATION ||
-         error == ERROR_ACCESS_DENIED;
-}
-
-// Virus scanners and indexers open what was just written, for moments.
-template <typename Step>
-DWORD tryForAMoment(const Step& step) {
-  DWORD error = step();
-  for (int times = 0; times < 10 && isBusy(error); ++times) {
-    Sleep(20);
-    error = step();
-  }
-  return error;
-}
-
 // Whether a file may be written and replaced: its permissions, and nobody who holds it.
 DWORD checkReplaceable(const std::wstring& name) {
-  return tryForAMoment([&] {
+  return tryForAMoment(isHeldOrRefused, [&] {
     const FileHandle file(CreateFileW(name.c_str(), GENERIC_WRITE | DELETE, kShareAll, nullptr,
                                       OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
     return file.isOpen() ? kNoError : GetLastError();
   });
 }
 
-// Where a link leads to; the name itself when that cannot be told.
-std::wstring followLink(const std::wstring& name) {
+// Puts in place of a link's name where the link leads to.
+DWORD followLink(std::wstring& name) {
   const FileHandle file(CreateFileW(name.c_str(), FILE_READ_ATTRIBUTES, kShareAll, nullptr,
-                                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
-  if (!file.isOpen()) return name;
+                                    OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+  if (!file.isOpen()) return GetLastError();
   const DWORD room = GetFinalPathNameByHandleW(file.get(), nullptr, 0, FILE_NAME_NORMALIZED);
+  if (room == 0) return GetLastError();
   std::wstring target(room, L'\0');
   const DWORD length =
       GetFinalPathNameByHandleW(file.get(), target.data(), room, FILE_NAME_NORMALIZED);
-  if (length == 0 || length >= room) return name;
+  if (length == 0) return GetLastError();
+  // It has got a longer name meanwhile.
+  if (length >= room) return ERROR_SHARING_VIOLATION;
   target.resize(length);
-  return target;
+  name = target;
+  return kNoError;
+}
+
+// The facts of a file, of the one that a link leads to when the name is a link's; then the name
+// becomes that of the file.
+DWORD lookUp(std::wstring& name, WIN32_FILE_ATTRIBUTE_DATA& facts) {
+  const auto look = [&] {
+    return GetFileAttributesExW(name.c_str(), GetFileExInfoStandard, &facts) != 0 ? kNoError
+                                                                                  : GetLastError();
+  };
+  DWORD error = look();
+  if (error != kNoError || (facts.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) {
+    return error;
+  }
+  error = followLink(name);
+  return error == kNoError ? look() : error;
 }
 
 // Lets everybody do with one file what he may do with another, where the file system knows who may
@@ -128,7 +132,7 @@ class Part {
     constexpr DWORD kKept =
         FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
     SetFileAttributesW(name_.c_str(), (attributes & kKept) | FILE_ATTRIBUTE_ARCHIVE);
-    const DWORD error = tryForAMoment([&] {
+    const DWORD error = tryForAMoment(isHeldOrRefused, [&] {
       constexpr DWORD kDurably = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
       return MoveFileExW(name_.c_str(), target_.c_str(), kDurably) != 0 ? kNoError : GetLastError();
     });
@@ -182,14 +186,15 @@ void writeWholeFile(const std::string& path, std::string_view contents) {
   std::wstring target = systemName(path);
   if (writtenStraight(path, target, contents)) return;
   WIN32_FILE_ATTRIBUTE_DATA old = {};
-  const bool replaces = GetFileAttributesExW(target.c_str(), GetFileExInfoStandard, &old) != 0;
-  DWORD error = replaces ? kNoError : GetLastError();
-  if (!replaces && error != ERROR_FILE_NOT_FOUND) fail(path, error);
+  DWORD error = lookUp(target, old);
+  const bool replaces = error == kNoError;
+  // A link that leads nowhere is something, and would itself be replaced.
+  const bool isLink = (old.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
+  if (!replaces && (error != ERROR_FILE_NOT_FOUND || isLink)) fail(path, error);
   if (replaces) {
     const DWORD attributes = old.dwFileAttributes;
     if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) failFile("write", path, kIsDirectory);
     if ((attributes & FILE_ATTRIBUTE_READONLY) != 0) fail(path, ERROR_ACCESS_DENIED);
-    if ((attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0) target = followLink(target);
     error = checkReplaceable(target);
     if (error != kNoError) fail(path, error);
   }

@@ -13,6 +13,7 @@
 #include "platform/gdi/fileNames.h"
 #include "platform/gdi/wideText.h"
 #include "support/TempFolder.h"
+#include "unit/platform/sharedFile.h"
 
 namespace {
 
@@ -188,6 +189,30 @@ TEST(WholeFileOnWindows, AFileThatAnotherHoldsForAMomentIsWaitedFor) {
   EXPECT_EQ(failureOfWriting(path), "");
   scanner.join();
   EXPECT_EQ(platform::readWholeFile(path, 100), "new");
+  held = openAs(path, GENERIC_READ, 0);
+  ASSERT_TRUE(held.isOpen());
+  scanner = std::thread([&] {
+    Sleep(50);
+    held.close();
+  });
+  EXPECT_EQ(failureOfReading(path), "");
+  scanner.join();
+}
+
+TEST(WholeFileOnWindows, WritersAndReadersOfOneFileNeverMix) {
+  const TempFolder folder;
+  const std::string path = folder.file("shared");
+  const support::SharedFile result = support::shareFile(path, 20);
+  EXPECT_GT(result.written, 0);
+  EXPECT_GT(result.read, 1);
+  EXPECT_EQ(result.mixed, 0);
+  // A file that another one holds open may be impossible to replace, and to read meanwhile.
+  const std::string busy = "\"" + path + "\": " + reasonOf(ERROR_SHARING_VIOLATION);
+  for (const std::string& failure : result.writeFailures) {
+    EXPECT_EQ(failure, "Cannot write " + busy);
+  }
+  for (const std::string& failure : result.readFailures) EXPECT_EQ(failure, "Cannot read " + busy);
+  EXPECT_EQ(filesIn(folder), 1);
 }
 
 TEST(WholeFileOnWindows, FailuresNameTheFileAndTheReason) {
