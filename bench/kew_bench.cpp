@@ -1,10 +1,13 @@
 // KEW files of large keys, and the colours of many cells through keys of many divisions.
 #include <benchmark/benchmark.h>
+#include <stdlib.h>
 
+#include <cerrno>
 #include <cstdint>
 #include <filesystem>
 #include <random>
 #include <string>
+#include <system_error>
 #include <vector>
 
 #include "colorkey/cellColours.h"
@@ -39,34 +42,41 @@ std::vector<float> cells() {
   return values;
 }
 
-// The own key file of a data set in the system's folder for temporary files, not yet there.
+// The own key file of a data set, not yet there, in a folder of its own for temporary files.
 class KeyFile {
  public:
-  KeyFile() {
-    ocxNetNc::ncf.NcFileName =
-        (std::filesystem::temp_directory_path() / "kelvane_kew_bench.nc").string();
+  KeyFile() : folder_((std::filesystem::temp_directory_path() / "kelvane-XXXXXX").string()) {
+    if (mkdtemp(folder_.data()) == nullptr) {
+      throw std::system_error(errno, std::generic_category(), folder_);
+    }
+    ocxNetNc::ncf.NcFileName = folder_ + "/sample.nc";
     KelvaneMain::DrawItem item;
     item.name = "temp";
     KelvaneMain::DrawItems = {item};
     KelvaneMain::Item_shown = 1;
-    remove();
   }
-  ~KeyFile() { remove(); }
+  ~KeyFile() {
+    std::error_code ignored;
+    std::filesystem::remove_all(folder_, ignored);
+  }
   KeyFile(const KeyFile&) = delete;
   KeyFile& operator=(const KeyFile&) = delete;
   static std::string name() { return ModColor::ownKewFile(); }
 
  private:
-  static void remove() { std::filesystem::remove(name()); }
+  std::string folder_;
 };
 
 void load(benchmark::State& state) {
   const KeyFile file;
   makeKey(state.range(0));
   ModColor::SaveKEW();
+  util::LastError.clear();
   int32_t count = 0;
   for (auto _ : state) count = ModColor::GetKewCol(KeyFile::name());
-  if (count != state.range(0)) state.SkipWithError(util::LastError.c_str());
+  if (count != state.range(0)) {
+    state.SkipWithError(("the key was not loaded whole: " + util::LastError).c_str());
+  }
 }
 BENCHMARK(load)->Arg(10)->Arg(kLargeKey)->Unit(benchmark::kMillisecond);
 
@@ -77,7 +87,9 @@ void save(benchmark::State& state) {
   ModColor::SaveKEW();
   util::LastError.clear();
   for (auto _ : state) ModColor::SaveKEW();
-  if (!util::LastError.empty()) state.SkipWithError(util::LastError.c_str());
+  if (!util::LastError.empty()) {
+    state.SkipWithError(("the key was not saved: " + util::LastError).c_str());
+  }
 }
 BENCHMARK(save)->Arg(10)->Arg(kLargeKey)->Unit(benchmark::kMillisecond);
 
