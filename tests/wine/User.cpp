@@ -1,7 +1,6 @@
-#include <gtest/gtest.h>
-
 #include "User.h"
 
+#include <gtest/gtest.h>
 #include <objbase.h>
 
 #include <atomic>

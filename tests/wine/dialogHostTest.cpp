@@ -1,8 +1,7 @@
-#include "DialogTest.h"
-
 #include <memory>
 
 #include "ComOwner.h"
+#include "DialogTest.h"
 
 namespace winetest {
 namespace {

@@ -1,7 +1,7 @@
-#include "DialogTest.h"
-
 #include <filesystem>
 #include <vector>
+
+#include "DialogTest.h"
 
 // What every dialog looks like, at the resolution and in the font that the system has: the
 // pictures are left beside the program, for people to look at.

@@ -1,13 +1,12 @@
 #include <gtest/gtest.h>
-
 #include <ole2.h>
 
 #include <algorithm>
 
 #include "ComOwner.h"
 #include "Form.h"
+#include "childProcess.h"
 #include "library.h"
-#include "process.h"
 #include "support/TempFolder.h"
 #include "support/sampleSets.h"
 
@@ -225,8 +224,7 @@ TEST_F(FormProgram, WritesPictures) {
               {L"oledraw", L"321x123", "321x123"},
               {L"resize", L"\"600x400 300x200 250x150\"", "250x150"}};
   for (const auto& row : rows) {
-    const Outcome outcome =
-        run(row.command + input + row.size + L" \"" + file("out.png") + L"\"");
+    const Outcome outcome = run(row.command + input + row.size + L" \"" + file("out.png") + L"\"");
     EXPECT_EQ(outcome.status, 0U) << outcome.output;
     EXPECT_EQ(outcome.output, "");
     EXPECT_EQ(pngSize("out.png"), row.expected);

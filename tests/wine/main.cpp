@@ -1,11 +1,9 @@
 #include <gtest/gtest.h>
-
+#include <ole2.h>
 #include <windows.h>
 
-#include <ole2.h>
-
+#include "childProcess.h"
 #include "library.h"
-#include "process.h"
 
 namespace {
 
@@ -17,8 +15,8 @@ class Registered : public testing::Environment {
 
  private:
   static unsigned long regsvr32(const std::wstring& options) {
-    return winetest::runProgram(L"regsvr32.exe /s " + options + L" \"" +
-                                winetest::libraryPath() + L"\"")
+    return winetest::runProgram(L"regsvr32.exe /s " + options + L" \"" + winetest::libraryPath() +
+                                L"\"")
         .status;
   }
 };

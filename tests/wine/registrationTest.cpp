@@ -1,16 +1,14 @@
 #include <gtest/gtest.h>
-
-#include <windows.h>
-
 #include <ole2.h>
 #include <olectl.h>
+#include <windows.h>
 
 #include <vector>
 
 #include "ComOwner.h"
 #include "Dispatch.h"
+#include "childProcess.h"
 #include "library.h"
-#include "process.h"
 #include "registryTree.h"
 
 namespace winetest {
@@ -30,7 +28,8 @@ void expectSame(const Trees& before, const Trees& after) {
 }
 
 unsigned long regsvr32(const std::wstring& options) {
-  const Outcome outcome = runProgram(L"regsvr32.exe /s " + options + L" \"" + libraryPath() + L"\"");
+  const Outcome outcome =
+      runProgram(L"regsvr32.exe /s " + options + L" \"" + libraryPath() + L"\"");
   EXPECT_TRUE(outcome.ended);
   return outcome.status;
 }
@@ -38,8 +37,8 @@ unsigned long regsvr32(const std::wstring& options) {
 std::wstring read(const std::wstring& key, const wchar_t* name = nullptr) {
   wchar_t text[1024] = {};
   DWORD size = sizeof text;
-  const LSTATUS status = RegGetValueW(HKEY_CLASSES_ROOT, key.c_str(), name, RRF_RT_REG_SZ, nullptr,
-                                      text, &size);
+  const LSTATUS status =
+      RegGetValueW(HKEY_CLASSES_ROOT, key.c_str(), name, RRF_RT_REG_SZ, nullptr, text, &size);
   return status == ERROR_SUCCESS ? std::wstring(text) : L"(absent)";
 }
 
@@ -95,8 +94,7 @@ TEST_F(Registration, MakesTheControlAndItsTypesKnown) {
   CLSID id = {};
   ASSERT_EQ(CLSIDFromProgID(L"Kelvane.KelvaneCtl.1", &id), S_OK);
   host::ComOwner<IUnknown> control;
-  EXPECT_EQ(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown,
-                             control.receiveAny()),
+  EXPECT_EQ(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown, control.receiveAny()),
             S_OK);
   GUID library = {};
   ASSERT_EQ(CLSIDFromString(kTypeLibrary, &library), S_OK);
@@ -158,8 +156,8 @@ TEST(VersionResource, TellsTheBitness) {
   ASSERT_TRUE(GetFileVersionInfoW(libraryPath().c_str(), 0, size, block.data()));
   void* text = nullptr;
   UINT length = 0;
-  ASSERT_TRUE(VerQueryValueW(block.data(), L"\\StringFileInfo\\040904B0\\FileDescription", &text,
-                             &length));
+  ASSERT_TRUE(
+      VerQueryValueW(block.data(), L"\\StringFileInfo\\040904B0\\FileDescription", &text, &length));
   EXPECT_EQ(host::narrow(static_cast<const wchar_t*>(text)), "Kelvane section control (32-bit)");
 }
 

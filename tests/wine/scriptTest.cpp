@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "Dispatch.h"
+#include "childProcess.h"
 #include "library.h"
-#include "process.h"
 #include "support/NcMaker.h"
 #include "support/TempFolder.h"
 #include "support/sampleSets.h"
