@@ -5,17 +5,19 @@
 #include "colorkey/rampColour.h"
 #include "render/SurfaceState.h"
 #include "render/contourLines.h"
+#include "render/pictureSteps.h"
 #include "render/plotFrame.h"
 #include "render/settings.h"
 #include "section/drawItems.h"
 #include "section/sectionValues.h"
 #include "util/RuntimeError.h"
-#include "util/lastError.h"
 #include "util/ocxMinmax.h"
 #include "util/rounding.h"
 
 namespace KelvaneMain {
 namespace {
+
+constexpr std::string_view kTag = "DrawVSection KelvaneMain";
 
 using util::asDouble;
 
@@ -80,32 +82,13 @@ void DrawSteps(Pictures& pictures) {
   if (settings.ViewStyle > 0 && frame == 0) DrawContours(pictures.picContours, item);
 }
 
-// White is neutral in every transfer, so the inks of all surfaces meet on the visible one.
-void CombinePictures(Pictures& pictures) {
-  pictures.Picture1.Cls();
-  pictures.picSection.AndFrom(pictures.picContours);
-  pictures.picSection.AndFrom(pictures.picDateTime);
-  pictures.Picture1.AndFrom(pictures.picSection);
-  pictures.picSection.Refresh();
-  pictures.Picture1.Refresh();
-}
-
-template <class Step>
-void trapped(Step step) {
-  try {
-    step();
-  } catch (...) {
-    util::reportTagged("DrawVSection KelvaneMain");
-  }
-}
-
 }  // namespace
 
 void DrawVSection(Pictures& pictures) {
   {
     const SurfaceState sectionState(pictures.picSection);
     const SurfaceState contoursState(pictures.picContours);
-    trapped([&] {
+    trapped(kTag, [&] {
       // All three, whatever is drawn on them: nothing old may come through the transfers.
       pictures.picSection.Cls();
       pictures.picContours.Cls();
@@ -113,7 +96,7 @@ void DrawVSection(Pictures& pictures) {
       DrawSteps(pictures);
     });
   }
-  trapped([&] { CombinePictures(pictures); });
+  trapped(kTag, [&] { CombinePictures(pictures, {&pictures.picContours, &pictures.picDateTime}); });
 }
 
 }  // namespace KelvaneMain

@@ -4,6 +4,7 @@
 
 #include "render/SurfaceState.h"
 #include "render/drawVSection.h"
+#include "render/pictureSteps.h"
 #include "render/plotFrame.h"
 #include "render/profileGraph.h"
 #include "render/profileLayout.h"
@@ -11,11 +12,12 @@
 #include "section/drawItems.h"
 #include "section/sectionPath.h"
 #include "section/sectionValues.h"
-#include "util/lastError.h"
 #include "util/rounding.h"
 
 namespace KelvaneMain {
 namespace {
+
+constexpr std::string_view kTag = "DrawProfile KelvaneMain";
 
 using util::asDouble;
 
@@ -81,27 +83,8 @@ void DrawSteps(Pictures& pictures) {
   if (settings.ShowTitles != 0) DrawTitles(pictures.picDateTime, surface);
   const bool shared = settings.ProfileStyle == kSingleGraph;
   // Labels on the left in every layout, so that the graphs of a row are equally wide.
-  const GraphLayout layout =
-      LayoutGraphs(surface, 1, shared ? 1 : section.npts, LabelSide::Left);
+  const GraphLayout layout = LayoutGraphs(surface, 1, shared ? 1 : section.npts, LabelSide::Left);
   (shared ? drawShared : drawSeparate)(surface, layout, DrawItems(Item_shown));
-}
-
-// White is neutral in both transfers.
-void CombinePictures(Pictures& pictures) {
-  pictures.Picture1.Cls();
-  pictures.picSection.AndFrom(pictures.picDateTime);
-  pictures.Picture1.AndFrom(pictures.picSection);
-  pictures.picSection.Refresh();
-  pictures.Picture1.Refresh();
-}
-
-template <class Step>
-void trapped(Step step) {
-  try {
-    step();
-  } catch (...) {
-    util::reportTagged("DrawProfile KelvaneMain");
-  }
 }
 
 }  // namespace
@@ -110,14 +93,14 @@ void DrawProfileView(Pictures& pictures) {
   if (Item_shown < 1 || section.npts < 1 || section.ncols < 1 || section_values.empty()) return;
   {
     const SurfaceState sectionState(pictures.picSection);
-    trapped([&] {
+    trapped(kTag, [&] {
       // Both, whatever is drawn on them: nothing old may come through the transfers.
       pictures.picSection.Cls();
       pictures.picDateTime.Cls();
       DrawSteps(pictures);
     });
   }
-  trapped([&] { CombinePictures(pictures); });
+  trapped(kTag, [&] { CombinePictures(pictures, {&pictures.picDateTime}); });
 }
 
 }  // namespace KelvaneMain
