@@ -12,12 +12,13 @@
 
 namespace {
 
-// What the system is to answer when a list is set on an open file; 0 lets it be set.
-int setError = 0;
+// What the system is to answer when a list is set on an open file, or the file is given away; 0
+// lets it be done.
+int setError = 0, chownError = 0;
 
 }  // namespace
 
-// The program's own function comes before the system's.
+// The program's own functions come before the system's.
 extern "C" int fsetxattr(int descriptor, const char* name, const void* value, std::size_t size,
                          int flags) noexcept {
   static const auto real =
@@ -25,6 +26,13 @@ extern "C" int fsetxattr(int descriptor, const char* name, const void* value, st
           dlsym(RTLD_NEXT, "fsetxattr"));
   if (setError == 0) return real(descriptor, name, value, size, flags);
   errno = setError;
+  return -1;
+}
+
+extern "C" int fchown(int descriptor, uid_t owner, gid_t group) noexcept {
+  static const auto real = reinterpret_cast<int (*)(int, uid_t, gid_t)>(dlsym(RTLD_NEXT, "fchown"));
+  if (chownError == 0) return real(descriptor, owner, group);
+  errno = chownError;
   return -1;
 }
 
@@ -47,9 +55,12 @@ std::string listWithAnotherUser() {
   };
   std::string list;
   append(list, 2, 4);
-  for (const Entry& entry : {Entry{0x01, 6, kNobody}, Entry{0x02, 6, 12'345},
-                             Entry{0x04, 0, kNobody}, Entry{0x10, 6, kNobody},
-                             Entry{0x20, 0, kNobody}}) {
+  const Entry entries[] = {{0x01, 6, kNobody},
+                           {0x02, 6, 12'345},
+                           {0x04, 0, kNobody},
+                           {0x10, 6, kNobody},
+                           {0x20, 0, kNobody}};
+  for (const Entry& entry : entries) {
     append(list, entry.tag, 2);
     append(list, entry.permissions, 2);
     append(list, entry.user, 4);
@@ -106,6 +117,24 @@ TEST(AccessList, ThatCannotBeSetGivesTheGroupNothing) {
     EXPECT_EQ(listOf(path), "");
     EXPECT_EQ(modeOf(path), 0600U);
   }
+}
+
+// A list says what the group of its file may do.
+TEST(AccessList, OfAFileOfAnotherGroupIsLeft) {
+  const TempFolder folder;
+  const std::string path = folder.file("key.kew");
+  platform::writeWholeFile(path, "old");
+  ASSERT_EQ(chmod(path.c_str(), 0600), 0);
+  // Only the superuser can be sure to have another group to give.
+  const bool anotherGroup = chown(path.c_str(), uid_t(-1), 23'456) == 0;
+  ASSERT_EQ(anotherGroup, geteuid() == 0);
+  const bool lists = setList(path, kAccess);
+  chownError = EPERM;
+  platform::writeWholeFile(path, "new");
+  chownError = 0;
+  EXPECT_EQ(platform::readWholeFile(path, 100), "new");
+  EXPECT_EQ(listOf(path), lists && !anotherGroup ? listWithAnotherUser() : "");
+  EXPECT_EQ(modeOf(path), lists && !anotherGroup ? 0660U : 0600U);
 }
 
 TEST(AccessList, OfTheFolderIsNotGivenToAReplacedFile) {
