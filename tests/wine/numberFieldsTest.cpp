@@ -44,8 +44,10 @@ TEST_F(NumberFields, ComeBackToTheirNumberWhenLeft) {
   makeKey(2);
   editKey([](User& user, HWND editor) {
     const HWND low = part(editor, 0, ROW_FLDLOWRANGE), high = part(editor, 0, ROW_FLDHIGHRANGE);
-    user.type(low, L"3");
-    user.type(low, L"4y");  // 4 was a number on the way
+    user.type(low, L"4");
+    user.key(VK_TAB);
+    user.until("the next box", [&] { return user.focus() == high; });
+    user.type(low, L"12O0");  // 1 and 12 were numbers on the way
     user.key(VK_TAB);
     user.until("the number", [&] { return textOf(low) == "4"; });
     EXPECT_EQ(user.focus(), high);
@@ -57,6 +59,68 @@ TEST_F(NumberFields, ComeBackToTheirNumberWhenLeft) {
     user.click(editor, IDOK);
   });
   EXPECT_NE(kewFile().find("<low>4</low><high>1.5</high>"), std::string::npos) << kewFile();
+}
+
+// Wrong texts are given up as well when something else is done with the rows.
+TEST_F(NumberFields, ComeBackToTheirNumberBeforeTheRowsChange) {
+  makeKey(40);
+  editKey([](User& user, HWND editor) {
+    const HWND low = part(editor, 0, ROW_FLDLOWRANGE), high = part(editor, 0, ROW_FLDHIGHRANGE);
+    const HWND bar = GetDlgItem(editor, IDC_VSCROLL1);
+    user.type(low, L"12O0");
+    PostMessageW(editor, WM_VSCROLL, SB_LINEDOWN, reinterpret_cast<LPARAM>(bar));
+    user.until("the next row", [&] { return textOf(low) == "1"; });
+    EXPECT_EQ(problem(editor), "");
+    user.type(high, L"34x");
+    user.click(editor, IDC_CMDADD);  // without the focus
+    user.until("the last row", [&] { return textOf(part(editor, 0, ROW_NUMBER)) != "2"; });
+    EXPECT_EQ(problem(editor), "");
+    PostMessageW(editor, WM_VSCROLL, SB_TOP, reinterpret_cast<LPARAM>(bar));
+    user.until("the first row", [&] { return textOf(part(editor, 0, ROW_NUMBER)) == "1"; });
+    user.type(low, L"-");
+    PostMessageW(editor, WM_VSCROLL, SB_TOP, reinterpret_cast<LPARAM>(bar));
+    untilProblem(user, editor, kWanted);  // nothing has moved
+    EXPECT_TRUE(isMarked(user, editor, low));
+    user.key(VK_TAB);
+    user.until("the number", [&] { return textOf(low) == "0"; });
+    user.click(editor, IDOK);
+  });
+  const std::string file = kewFile();
+  for (const char* bounds :
+       {"<low>0</low><high>1</high>", "<low>1</low><high>2</high>", "<low>2</low><high>3</high>"}) {
+    EXPECT_NE(file.find(bounds), std::string::npos) << bounds;
+  }
+}
+
+// A wrong text in a row for which the window is too small now.
+TEST_F(NumberFields, DoNotRefuseOkUnseen) {
+  makeKey(40);
+  editKey([](User& user, HWND editor) {
+    const HWND bar = GetDlgItem(editor, IDC_VSCROLL1);
+    SCROLLINFO range = {};
+    range.cbSize = sizeof range;
+    range.fMask = SIF_ALL;
+    GetScrollInfo(bar, SB_CTL, &range);
+    const int last = static_cast<int>(range.nPage) - 1;
+    const HWND low = part(editor, last, ROW_FLDLOWRANGE);
+    user.type(low, L"9x");
+    SetWindowPos(editor, nullptr, 0, 0, 1, 1, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    EXPECT_FALSE(IsWindowVisible(low));
+    EXPECT_EQ(problem(editor), "");
+    PostMessageW(editor, WM_VSCROLL, SB_BOTTOM, reinterpret_cast<LPARAM>(bar));
+    user.until("the last row",
+               [&] { return textOf(part(editor, 0, ROW_NUMBER)) == std::to_string(38); });
+    // What comes to a box that is not to be seen goes nowhere.
+    SendMessageW(low, WM_CHAR, L'7', 1);
+    EXPECT_EQ(problem(editor), "");
+    user.click(editor, IDOK);
+  });
+  const std::string file = kewFile();
+  for (int k = 0; k < 40; ++k) {
+    const std::string bounds =
+        "<low>" + std::to_string(k) + "</low><high>" + std::to_string(k + 1) + "</high>";
+    EXPECT_NE(file.find(bounds), std::string::npos) << bounds;
+  }
 }
 
 TEST_F(NumberFields, RefuseOk) {

@@ -71,8 +71,14 @@ void KeyRows::makeLine(int line) {
   const HWND high = make({line, ROW_FLDHIGHRANGE}, L"EDIT", field, WS_EX_CLIENTEDGE, high_);
   const HWND color = make({line, ROW_LBLCOLOR}, L"BUTTON", button, 0, color_);
   const HWND remove = make({line, ROW_CMDDELETE}, L"BUTTON", button, 0, delete_);
-  fields_.add(numberField(low, [this, line]() -> double& { return this->low(line); }));
-  fields_.add(numberField(high, [this, line]() -> double& { return this->high(line); }));
+  fields_.add(numberField(low, [this, line] {
+    ModColor::frmColorKey::Row* const row = rowOf(line);
+    return row != nullptr ? &row->fldLowRange : nullptr;
+  }));
+  fields_.add(numberField(high, [this, line] {
+    ModColor::frmColorKey::Row* const row = rowOf(line);
+    return row != nullptr ? &row->fldHighRange : nullptr;
+  }));
   for (const HWND each : {low, high, color, remove}) takeKeys(each, keys_);
 }
 
@@ -90,12 +96,9 @@ HWND KeyRows::make(Place place, const wchar_t* kind, DWORD style, DWORD extended
   return made;
 }
 
-double& KeyRows::low(int line) {
-  return dialog_.rows[static_cast<std::size_t>(rowAt(line))].fldLowRange;
-}
-
-double& KeyRows::high(int line) {
-  return dialog_.rows[static_cast<std::size_t>(rowAt(line))].fldHighRange;
+ModColor::frmColorKey::Row* KeyRows::rowOf(int line) {
+  const auto row = static_cast<std::size_t>(rowAt(line));
+  return row < dialog_.rows.size() ? &dialog_.rows[row] : nullptr;
 }
 
 int KeyRows::shown() const {

@@ -59,8 +59,8 @@ class KeyRows {
   const ModColor::frmColorKey::Row& at(int32_t row) const {
     return dialog_.rows[static_cast<std::size_t>(row)];
   }
-  double& low(int line);
-  double& high(int line);
+  // The row that a line shows; null for a line past the last row.
+  ModColor::frmColorKey::Row* rowOf(int line);
 
   ModColor::frmColorKey& dialog_;
   NumberFields& fields_;

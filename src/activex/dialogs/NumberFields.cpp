@@ -22,6 +22,31 @@ bool highContrast() {
          (chosen.dwFlags & HCF_HIGHCONTRASTON) != 0;
 }
 
+template <class Number, class Spell, class Read>
+NumberFields::Field fieldOf(HWND edit, std::function<Number*()> place, Spell spell, Read read,
+                            std::string wanted) {
+  return {edit,
+          [=] {
+            const Number* const number = place();
+            return number != nullptr ? spell(*number) : std::string();
+          },
+          [=](const std::string& text) {
+            Number* const number = place();
+            const std::optional<Number> typed = read(text);
+            if (number == nullptr || !typed) return false;
+            *number = *typed;
+            return true;
+          },
+          [=] {
+            const Number* const number = place();
+            return number != nullptr ? static_cast<double>(*number) : 0.0;
+          },
+          [=](double value) {
+            if (Number* const number = place()) *number = static_cast<Number>(value);
+          },
+          std::move(wanted)};
+}
+
 bool isSeen(HWND control) { return (GetWindowLongPtrW(control, GWL_STYLE) & WS_VISIBLE) != 0; }
 
 }  // namespace
@@ -32,13 +57,28 @@ NumberFields::~NumberFields() {
 
 void NumberFields::add(Field field) {
   SendMessageW(field.edit, EM_LIMITTEXT, kLongestNumber, 0);
-  fields_.push_back({std::move(field), false});
+  fields_.push_back({std::move(field)});
 }
 
 void NumberFields::show() {
+  bool told = false;
   for (Held& field : fields_) {
+    told |= mark(field, false);
     if (isSeen(field.edit)) show(field);
   }
+  if (told) tell();
+}
+
+void NumberFields::giveUp() {
+  bool told = false;
+  for (Held& field : fields_) told |= giveUp(field);
+  if (told) tell();
+}
+
+// On the way to a wrong text there may have been a number, which has been taken.
+bool NumberFields::giveUp(Held& field) {
+  if (field.wrong) field.put(field.shown);
+  return mark(field, false);
 }
 
 void NumberFields::show(Held& field) {
@@ -49,10 +89,7 @@ void NumberFields::show(Held& field) {
     if (GetFocus() == field.edit) SendMessageW(field.edit, EM_SETSEL, 0, -1);
   }
   showing_ = before;
-  if (field.wrong) {
-    mark(field, false);
-    tell();
-  }
+  field.shown = field.value();
 }
 
 void NumberFields::say(const std::string& problem) {
@@ -87,15 +124,21 @@ void NumberFields::onFocusMoved() {
   const HWND dialog = GetParent(line_), focus = GetFocus();
   // The user may be looking at another program, and come back to finish the number.
   if (!IsChild(dialog, focus)) return;
+  bool told = false;
   for (Held& field : fields_) {
     // On the way to OK a wrong text stays, so that OK can refuse it.
     const bool kept = field.edit == focus || (field.wrong && focus == GetDlgItem(dialog, IDOK));
-    if (!kept && isSeen(field.edit)) show(field);
+    if (kept || !isSeen(field.edit)) continue;
+    told |= giveUp(field);
+    show(field);
   }
+  if (told) tell();
 }
 
-void NumberFields::mark(Held& field, bool wrong) {
-  if (std::exchange(field.wrong, wrong) != wrong) InvalidateRect(field.edit, nullptr, TRUE);
+bool NumberFields::mark(Held& field, bool wrong) {
+  if (std::exchange(field.wrong, wrong) == wrong) return false;
+  InvalidateRect(field.edit, nullptr, TRUE);
+  return true;
 }
 
 void NumberFields::tell() {
@@ -110,8 +153,9 @@ NumberFields::Held* NumberFields::find(HWND edit) {
 }
 
 const NumberFields::Held* NumberFields::firstWrong() const {
-  const auto found =
-      std::find_if(fields_.begin(), fields_.end(), [](const Held& field) { return field.wrong; });
+  const auto found = std::find_if(fields_.begin(), fields_.end(), [](const Held& field) {
+    return field.wrong && isSeen(field.edit);
+  });
   return found != fields_.end() ? &*found : nullptr;
 }
 
@@ -138,25 +182,18 @@ std::optional<INT_PTR> NumberFields::onMessage(UINT message, WPARAM wide, LPARAM
   return {};
 }
 
-NumberFields::Field numberField(HWND edit, std::function<double&()> value) {
+NumberFields::Field numberField(HWND edit, std::function<double*()> place) {
   const std::string separator = platform::desktop().DecimalSeparator();
-  return {edit, [=] { return ModColor::fieldText(value(), separator); },
-          [=](const std::string& text) {
-            const std::optional<double> number = ModColor::numberOfField(text, separator);
-            if (number) value() = *number;
-            return number.has_value();
-          },
-          "Please enter a number such as " + ModColor::fieldText(12.5, separator) + "."};
+  return fieldOf<double>(
+      edit, std::move(place), [=](double number) { return ModColor::fieldText(number, separator); },
+      [=](const std::string& text) { return ModColor::numberOfField(text, separator); },
+      "Please enter a number such as " + ModColor::fieldText(12.5, separator) + ".");
 }
 
-NumberFields::Field countField(HWND edit, std::function<int32_t&()> value) {
-  return {edit, [=] { return std::to_string(value()); },
-          [=](const std::string& text) {
-            const std::optional<int32_t> count = ModColor::countOfField(text);
-            if (count) value() = *count;
-            return count.has_value();
-          },
-          "Please enter a whole number such as 10."};
+NumberFields::Field countField(HWND edit, std::function<int32_t*()> place) {
+  return fieldOf<int32_t>(
+      edit, std::move(place), [](int32_t count) { return std::to_string(count); },
+      ModColor::countOfField, "Please enter a whole number such as 10.");
 }
 
 }  // namespace activex

@@ -11,15 +11,19 @@
 namespace activex {
 
 // The numeric edit boxes of a dialog. What is typed goes into the dialog's value at once, as soon
-// as it is a number. What is none is marked, with a line of text that says why; the value then
-// stays what it was, and the box shows it again when it is left.
+// as it is a number. What is none is marked, with a line of text that says why; given up, the value
+// is again what the box showed before it was typed into.
 class NumberFields {
  public:
   struct Field {
     HWND edit = nullptr;
-    // The value as text, and the value from a text: false when the text is none.
+    // The value as text, and the value from a text: false when the text is none, or when what
+    // the box stands for is not there.
     std::function<std::string()> text;
     std::function<bool(const std::string&)> take;
+    // The value itself, whatever its text; a count as well.
+    std::function<double()> value;
+    std::function<void(double)> put;
     std::string wanted;  // what the line says of a wrong text
   };
 
@@ -32,11 +36,14 @@ class NumberFields {
   void setProblemLine(HWND line) { line_ = line; }
   void add(Field field);
 
-  // Every box that is to be seen shows its value, without marks.
+  // Every box that is to be seen shows its value. No box keeps a mark.
   void show();
+  // Wrong texts are given up, as they are when their box is left: to be called before the boxes
+  // come to stand for other values.
+  void giveUp();
   // Puts a text on the line until the next number is typed; screen readers say it.
   void say(const std::string& problem);
-  // Whether every text is a number. If not, the first that is none gets the focus.
+  // Whether every text to be seen is a number. If not, the first that is none gets the focus.
   bool allRight();
 
   // The dialog hands on its notifications and these messages.
@@ -46,12 +53,15 @@ class NumberFields {
  private:
   struct Held : Field {
     bool wrong = false;
+    double shown = 0;  // the value when the box showed it last
   };
   Held* find(HWND edit);
   void show(Held& field);
+  // Whether there was something to give up; and whether the mark was another.
+  bool giveUp(Held& field);
   void onChange(Held& field);
   void onFocusMoved();
-  void mark(Held& field, bool wrong);
+  bool mark(Held& field, bool wrong);
   const Held* firstWrong() const;
   void tell();
 
@@ -61,8 +71,9 @@ class NumberFields {
   HBRUSH wrongBrush_ = nullptr;
 };
 
-// Fields of the dialogs' two kinds of number, whose value is at the place told.
-NumberFields::Field numberField(HWND edit, std::function<double&()> value);
-NumberFields::Field countField(HWND edit, std::function<int32_t&()> value);
+// Fields of the dialogs' two kinds of number, whose value is at the place told; null while there
+// is no such place.
+NumberFields::Field numberField(HWND edit, std::function<double*()> place);
+NumberFields::Field countField(HWND edit, std::function<int32_t*()> place);
 
 }  // namespace activex

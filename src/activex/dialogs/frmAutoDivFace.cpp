@@ -9,10 +9,9 @@ frmAutoDivFace::frmAutoDivFace(ModColor::frmAutoDiv& dialog)
 
 HWND frmAutoDivFace::onInit() {
   fields_.setProblemLine(item(IDC_PROBLEM));
-  fields_.add(numberField(item(IDC_FLDMINVAL), [this]() -> double& { return dialog_.fldMinVal; }));
-  fields_.add(numberField(item(IDC_FLDMAXVAL), [this]() -> double& { return dialog_.fldMaxVal; }));
-  fields_.add(
-      countField(item(IDC_FLDDIVISIONS), [this]() -> int32_t& { return dialog_.fldDivisions; }));
+  fields_.add(numberField(item(IDC_FLDMINVAL), [this] { return &dialog_.fldMinVal; }));
+  fields_.add(numberField(item(IDC_FLDMAXVAL), [this] { return &dialog_.fldMaxVal; }));
+  fields_.add(countField(item(IDC_FLDDIVISIONS), [this] { return &dialog_.fldDivisions; }));
   fields_.show();
   return nullptr;
 }

@@ -68,6 +68,7 @@ void frmColorKeyFace::layOut(int clientHeight) {
   RECT problem = problem_;
   OffsetRect(&problem, 0, more);
   place(window(), IDC_PROBLEM, problem);
+  fields_.giveUp();
   const int lines = rows_.roomIn(scroll_.bottom + more - scroll_.top);
   dialog_.ResetScrollbar(lines);
   rows_.makeRoom(lines);
@@ -90,6 +91,7 @@ void frmColorKeyFace::show() {
 
 template <class Event>
 void frmColorKeyFace::happens(Event&& event) {
+  fields_.giveUp();
   fields_.show();
   fields_.say({});
   const uint32_t before = util::failuresReported();
@@ -215,8 +217,10 @@ void frmColorKeyFace::onWheel(int delta) {
 void frmColorKeyFace::scrollTo(int32_t row) {
   const int16_t before = dialog_.VScroll1.Value;
   const std::optional<KeyRows::Place> focused = rows_.placeOf(GetFocus());
-  dialog_.VScroll1.Value = static_cast<int16_t>(std::clamp<int32_t>(row, 0, dialog_.VScroll1.Max));
-  if (dialog_.VScroll1.Value == before) return;
+  const auto wanted = static_cast<int16_t>(std::clamp<int32_t>(row, 0, dialog_.VScroll1.Max));
+  if (wanted == before) return;
+  fields_.giveUp();
+  dialog_.VScroll1.Value = wanted;
   show();
   if (!focused) return;
   const int line = focused->line + before - dialog_.VScroll1.Value;
