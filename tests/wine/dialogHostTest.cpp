@@ -52,6 +52,36 @@ TEST_F(DialogHost, CannotReenter) {
   EXPECT_TRUE(form_.oleDraw() == form_.shoot());
 }
 
+// A dialog under another one takes no orders, not from a program that sends them all the same.
+TEST_F(DialogHost, CannotCloseADialogUnderAnother) {
+  makeKey(2);
+  showOptions([](User& user, HWND options) {
+    user.click(options, IDC_CMDEDITLEGEND);
+    const HWND editor = user.dialog(kEditor);
+    user.click(editor, IDC_CMDAUTODIV);
+    const HWND division = user.dialog(kAutoDiv);
+    for (const HWND below : {options, editor}) {
+      PostMessageW(below, WM_CLOSE, 0, 0);
+      PostMessageW(below, WM_COMMAND, IDOK, 0);
+      PostMessageW(below, WM_COMMAND, IDCANCEL, 0);
+      PostMessageW(below, WM_COMMAND, IDC_CMDADD, 0);
+    }
+    user.onMainThread([] {});
+    EXPECT_TRUE(IsWindowVisible(editor));
+    EXPECT_TRUE(IsWindowVisible(options));
+    user.type(GetDlgItem(division, IDC_FLDDIVISIONS), L"4");
+    user.click(division, IDOK);
+    user.untilGone(division);
+    user.until("four rows", [&] { return IsWindowVisible(part(editor, 3, ROW_FLDLOWRANGE)); });
+    EXPECT_FALSE(IsWindowVisible(part(editor, 4, ROW_FLDLOWRANGE)));
+    user.click(editor, IDCANCEL);
+    user.untilGone(editor);
+    user.click(options, IDC_OPTVIEWSTYLE2);
+    user.click(options, IDOK);
+  });
+  EXPECT_TRUE(control().get(L"DrawProfile").flag());
+}
+
 // The form goes with its control while dialogs are up, one on the other: they go too, the call
 // comes back, and the control is still good for something.
 TEST_F(DialogHost, TakesItsDialogsAlong) {

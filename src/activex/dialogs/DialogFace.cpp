@@ -91,10 +91,13 @@ INT_PTR DialogFace::handle(UINT message, WPARAM wide, LPARAM longer) {
       return FALSE;
     }
     case WM_COMMAND:
+      // Under a dialog of its own it takes no orders, wherever they come from.
+      if (!IsWindowEnabled(window_)) return TRUE;
       if (!dialog_.closed()) onCommand(LOWORD(wide), HIWORD(wide));
       endWhenClosed();
       return TRUE;
     case WM_CLOSE:
+      if (!IsWindowEnabled(window_)) return TRUE;
       // Left to the system, it would be Cancel.
       dialog_.closeBox();
       endWhenClosed();
