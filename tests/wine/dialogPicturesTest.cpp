@@ -57,6 +57,45 @@ std::vector<std::string> clippedIn(HWND dialog) {
   return clipped;
 }
 
+// Captions of what does not lie within its dialog altogether.
+std::vector<std::string> outsideOf(HWND dialog) {
+  std::vector<std::string> outside;
+  RECT area = {};
+  GetClientRect(dialog, &area);
+  MapWindowPoints(dialog, nullptr, reinterpret_cast<POINT*>(&area), 2);
+  for (HWND child = GetWindow(dialog, GW_CHILD); child != nullptr;
+       child = GetWindow(child, GW_HWNDNEXT)) {
+    RECT place = {}, within = {};
+    GetWindowRect(child, &place);
+    if (!IsWindowVisible(child) || IsRectEmpty(&place)) continue;
+    IntersectRect(&within, &place, &area);
+    if (!EqualRect(&within, &place)) outside.push_back(textOf(child));
+  }
+  return outside;
+}
+
+// The user's settings of windows for as long as this lives.
+class Settings {
+ public:
+  Settings() {
+    before_.cbSize = sizeof before_;
+    SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof before_, &before_, 0);
+  }
+  ~Settings() { put(before_); }
+  void put(int percentOfLetters, int caption) {
+    NONCLIENTMETRICSW metrics = before_;
+    metrics.lfMessageFont.lfHeight = metrics.lfMessageFont.lfHeight * percentOfLetters / 100;
+    if (caption != 0) metrics.iCaptionHeight = caption;
+    put(metrics);
+  }
+
+ private:
+  static void put(NONCLIENTMETRICSW metrics) {
+    EXPECT_TRUE(SystemParametersInfoW(SPI_SETNONCLIENTMETRICS, sizeof metrics, &metrics, 0));
+  }
+  NONCLIENTMETRICSW before_ = {};
+};
+
 class DialogPictures : public DialogTest {
  protected:
   void look(User& user, HWND dialog, const std::wstring& name) {
@@ -69,6 +108,7 @@ class DialogPictures : public DialogTest {
     std::filesystem::create_directories(folder);
     host::savePicture(picture, (folder / (name + L".png")).wstring());
     EXPECT_EQ(clippedIn(dialog), std::vector<std::string>()) << host::narrow(name);
+    EXPECT_EQ(outsideOf(dialog), std::vector<std::string>()) << host::narrow(name);
     // In the middle of the screen.
     RECT place = {};
     GetWindowRect(dialog, &place);
@@ -129,16 +169,41 @@ TEST_F(DialogPictures, OfEveryDialog) { lookAtAll(); }
 
 // A user who wants larger letters gets larger dialogs.
 TEST_F(DialogPictures, OfEveryDialogInLargerLetters) {
-  NONCLIENTMETRICSW metrics = {};
-  metrics.cbSize = sizeof metrics;
-  ASSERT_TRUE(SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0));
-  const LOGFONTW before = metrics.lfMessageFont;
-  metrics.lfMessageFont.lfHeight = 3 * before.lfHeight / 2;
-  ASSERT_TRUE(SystemParametersInfoW(SPI_SETNONCLIENTMETRICS, sizeof metrics, &metrics, 0));
+  Settings settings;
+  settings.put(150, 0);
   kind_ = "-large";
   lookAtAll();
-  metrics.lfMessageFont = before;
-  SystemParametersInfoW(SPI_SETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
+}
+
+// Letters, or a frame, for which the screen is too small: nothing is cut off all the same.
+TEST_F(DialogPictures, OfTheEditorOnASmallScreen) {
+  makeKey(40);
+  RECT screen = {};
+  ASSERT_TRUE(SystemParametersInfoW(SPI_GETWORKAREA, 0, &screen, 0));
+  const struct {
+    const char* name;
+    int percentOfLetters, caption;
+  } rows[] = {{"letters", 400, 0}, {"frame", 100, 500}, {"both", 400, 200}};
+  for (const auto& row : rows) {
+    Settings settings;
+    settings.put(row.percentOfLetters, row.caption);
+    editKey([&](User& user, HWND editor) {
+      RECT place = {};
+      GetWindowRect(editor, &place);
+      EXPECT_LE(place.right - place.left, screen.right - screen.left) << row.name;
+      EXPECT_LE(place.bottom - place.top, screen.bottom - screen.top) << row.name;
+      EXPECT_EQ(outsideOf(editor), std::vector<std::string>()) << row.name;
+      EXPECT_EQ(clippedIn(editor), std::vector<std::string>()) << row.name;
+      PostMessageW(editor, WM_VSCROLL, SB_BOTTOM,
+                   reinterpret_cast<LPARAM>(GetDlgItem(editor, IDC_VSCROLL1)));
+      user.until("the last row", [&] {
+        int last = 0;
+        while (IsWindowVisible(part(editor, last + 1, ROW_NUMBER))) ++last;
+        return textOf(part(editor, last, ROW_NUMBER)) == "40";
+      });
+      user.click(editor, IDCANCEL);
+    });
+  }
 }
 
 }  // namespace

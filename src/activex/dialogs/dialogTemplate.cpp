@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "activex/module.h"
+#include "platform/gdi/handles.h"
 
 namespace activex {
 namespace {
@@ -15,7 +16,7 @@ namespace {
 //   version, signature, help (2), extended style (2), style (2), number of controls, x, y, width,
 //   height, menu, window class, title, and with a font its size, weight, italic with character
 //   set, and face.
-constexpr std::size_t kMenu = 13;
+constexpr std::size_t kWidth = 11, kHeight = 12, kMenu = 13;
 constexpr WORD kOrdinalFollows = 0xFFFF;
 
 std::size_t afterText(std::span<const WORD> words, std::size_t at) {
@@ -49,20 +50,60 @@ bool messageFont(NONCLIENTMETRICSW& metrics, MessageFont& font) {
   return font.points > 0 && !font.face.empty();
 }
 
-}  // namespace
+// The pixels of a dialog unit's four across, as the dialog manager has them of a font.
+int baseWidth(const MessageFont& font) {
+  constexpr std::wstring_view kLetters = L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
+  const HDC screen = GetDC(nullptr);
+  LOGFONTW wanted = {};
+  wanted.lfHeight = -MulDiv(font.points, GetDeviceCaps(screen, LOGPIXELSY), 72);
+  wanted.lfWeight = font.weight;
+  wanted.lfItalic = (font.italicAndCharset & 1) != 0;
+  wanted.lfCharSet = static_cast<BYTE>(font.italicAndCharset >> 8);
+  font.face.copy(std::data(wanted.lfFaceName), LF_FACESIZE - 1);
+  const platform::FontHandle made(CreateFontIndirectW(&wanted));
+  SIZE extent = {};
+  {
+    const platform::Selected selected(screen, made.get());
+    GetTextExtentPoint32W(screen, kLetters.data(), static_cast<int>(kLetters.size()), &extent);
+  }
+  ReleaseDC(nullptr, screen);
+  return (extent.cx / 26 + 1) / 2;
+}
 
-std::vector<DWORD> dialogTemplate(int id) {
+// Some room for the window's frame is left.
+void fitWidth(MessageFont& font, int units) {
+  constexpr WORD kLeastPoints = 6;
+  RECT area = {};
+  if (!SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0)) return;
+  const int room = area.right - area.left - 4 * GetSystemMetrics(SM_CXFRAME);
+  while (font.points > kLeastPoints && MulDiv(units, baseWidth(font), 4) > room) --font.points;
+}
+
+std::span<const WORD> wordsOf(int id) {
   const HINSTANCE module = moduleHandle();
   const HRSRC place = FindResourceW(module, MAKEINTRESOURCEW(id), RT_DIALOG);
   const HGLOBAL loaded = place != nullptr ? LoadResource(module, place) : nullptr;
   const void* const bytes = loaded != nullptr ? LockResource(loaded) : nullptr;
   if (bytes == nullptr) return {};
   const std::size_t size = SizeofResource(module, place) / sizeof(WORD);
-  const std::span words(static_cast<const WORD*>(bytes), size);
+  return {static_cast<const WORD*>(bytes), size};
+}
 
+}  // namespace
+
+SIZE dialogUnits(int id) {
+  const std::span<const WORD> words = wordsOf(id);
+  if (words.empty()) return {};
+  return {words[kWidth], words[kHeight]};
+}
+
+std::vector<DWORD> dialogTemplate(int id) {
+  const std::span<const WORD> words = wordsOf(id);
+  if (words.empty()) return {};
   std::vector<WORD> made;
   NONCLIENTMETRICSW metrics = {};
   if (MessageFont font; messageFont(metrics, font)) {
+    fitWidth(font, words[kWidth]);
     const std::size_t fontAt =
         afterText(words, afterTextOrOrdinal(words, afterTextOrOrdinal(words, kMenu)));
     made.assign(words.begin(), words.begin() + static_cast<std::ptrdiff_t>(fontAt));

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "activex/dialogs/dialogTemplate.h"
 #include "activex/dialogs/ids.h"
 #include "util/lastError.h"
 
@@ -32,29 +33,39 @@ frmColorKeyFace::frmColorKeyFace(ModColor::frmColorKey& dialog)
 HWND frmColorKeyFace::onInit() {
   fields_.setProblemLine(item(IDC_PROBLEM));
   rows_.setUp(window());
-  frame_ = placeOf(window(), IDC_ROWFRAME);
-  scroll_ = placeOf(window(), IDC_VSCROLL1);
-  add_ = placeOf(window(), IDC_CMDADD);
-  problem_ = placeOf(window(), IDC_PROBLEM);
-  RECT area = {};
-  GetClientRect(window(), &area);
-  clientHeight_ = area.bottom;
-  GetWindowRect(window(), &area);
-  window_ = {area.right - area.left, area.bottom - area.top};
-  const int lines = rows_.roomIn(scroll_.bottom - scroll_.top);
-  leastHeight_ = window_.cy - (lines - kLeastRows) * rows_.pitch();
-  layOut(clientHeight_);
+  measure();
   fitScreen();
   return nullptr;
 }
 
-void frmColorKeyFace::fitScreen() const {
-  RECT screen = {};
-  if (!SystemParametersInfoW(SPI_GETWORKAREA, 0, &screen, 0)) return;
-  const int height = std::min<int>(window_.cy, screen.bottom - screen.top);
-  if (height == window_.cy) return;
-  SetWindowPos(window(), nullptr, 0, 0, window_.cx, height,
+void frmColorKeyFace::measure() {
+  frame_ = placeOf(window(), IDC_ROWFRAME);
+  scroll_ = placeOf(window(), IDC_VSCROLL1);
+  add_ = placeOf(window(), IDC_CMDADD);
+  problem_ = placeOf(window(), IDC_PROBLEM);
+  const SIZE units = dialogUnits(IDD_FRMCOLORKEY);
+  RECT area = {0, 0, units.cx, units.cy};
+  MapDialogRect(window(), &area);
+  clientHeight_ = area.bottom;
+  const auto style = static_cast<DWORD>(GetWindowLongPtrW(window(), GWL_STYLE));
+  const auto extended = static_cast<DWORD>(GetWindowLongPtrW(window(), GWL_EXSTYLE));
+  AdjustWindowRectEx(&area, style, FALSE, extended);
+  window_ = {area.right - area.left, area.bottom - area.top};
+  const int lines = rows_.roomIn(scroll_.bottom - scroll_.top);
+  leastHeight_ = window_.cy - (lines - kLeastRows) * rows_.pitch();
+}
+
+void frmColorKeyFace::fitScreen() {
+  RECT area = {};
+  if (SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0)) {
+    window_.cx = std::min(window_.cx, area.right - area.left);
+    window_.cy = std::min(window_.cy, area.bottom - area.top);
+    leastHeight_ = std::min<int>(leastHeight_, window_.cy);
+  }
+  SetWindowPos(window(), nullptr, 0, 0, window_.cx, window_.cy,
                SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  GetClientRect(window(), &area);
+  layOut(area.bottom);
 }
 
 void frmColorKeyFace::layOut(int clientHeight) {

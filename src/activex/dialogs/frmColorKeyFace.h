@@ -27,8 +27,10 @@ class frmColorKeyFace final : public DialogFace, private KeyTaker {
   void onScroll(int request, int position);
   void onWheel(int delta);
   void limitSize(MINMAXINFO& limits) const;
-  // Not higher than there is screen for it.
-  void fitScreen() const;
+  // Measures everything as the template has it, even where the window came out smaller.
+  void measure();
+  // Not larger than there is screen for it.
+  void fitScreen();
 
   // Where everything is in a window of this height, and what is to be seen.
   void layOut(int clientHeight);
@@ -46,8 +48,8 @@ class frmColorKeyFace final : public DialogFace, private KeyTaker {
   KeyRows rows_;
   RECT frame_ = {}, scroll_ = {}, add_ = {}, problem_ = {};  // as the template has them
   int clientHeight_ = 0, leastHeight_ = 0;
-  SIZE window_ = {};
-  int wheel_ = 0;  // turned, and not yet scrolled
+  SIZE window_ = {};  // at first
+  int wheel_ = 0;     // turned, and not yet scrolled
 };
 
 }  // namespace activex
