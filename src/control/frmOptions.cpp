@@ -4,6 +4,7 @@
 #include "colorkey/kewFile.h"
 #include "render/settings.h"
 #include "section/drawItems.h"
+#include "util/lastError.h"
 
 namespace control {
 
@@ -57,12 +58,15 @@ void frmOptions::Cancel() {
   unload();
 }
 
-void frmOptions::EditLegend() {
-  if (closed()) return;
+frmOptions::Legend frmOptions::EditLegend() {
+  if (closed()) return Legend::Done;
   ModColor::frmColorKey editor(dialogs_);
-  if (!editor.LoadColorKey()) return;
+  if (!editor.LoadColorKey()) return Legend::NotOpened;
   dialogs_.ShowModal(editor);
-  if (editor.Result() > 0) ModColor::SaveKEW();
+  if (editor.Result() <= 0) return Legend::Done;
+  const uint32_t before = util::failuresReported();
+  ModColor::SaveKEW();
+  return util::failuresReported() == before ? Legend::Done : Legend::NotSaved;
 }
 
 int32_t OpenOptionsForm(Dialogs& dialogs) {

@@ -22,9 +22,11 @@ class frmOptions : public platform::Dialog {
   void optViewStyle_Click(int32_t index);  // another index than 0..3 does nothing
   void OK();
   void Cancel();
+  enum class Legend { Done, NotOpened, NotSaved };
   // The editor for the current key; a key edited with OK is saved in the data set's KEW file, and
-  // no Cancel takes that back. A key that the editor cannot load is not edited.
-  void EditLegend();
+  // no Cancel takes that back. A key that the editor cannot load is not edited. When it was not
+  // opened or its key not saved, the last reported failure says why.
+  Legend EditLegend();
 
   int32_t Result() const { return result_; }  // 1 after OK, else -1
 

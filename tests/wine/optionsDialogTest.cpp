@@ -1,3 +1,5 @@
+#include <filesystem>
+
 #include "DialogTest.h"
 
 namespace winetest {
@@ -73,6 +75,51 @@ TEST_F(OptionsDialog, IsWorkedByTheKeyboard) {
     user.key(VK_ESCAPE);
   });
   EXPECT_TRUE(control().get(L"DrawProfile").flag()) << "Escape is Cancel";
+}
+
+// A failure of Edit Legend is said where it was asked for; the next time, it is gone.
+TEST_F(OptionsDialog, TellsOfAKeyThatCannotBeEditedOrSaved) {
+  makeKey(32768);
+  showOptions([](User& user, HWND options) {
+    EXPECT_EQ(textOf(options, IDC_PROBLEM), "");
+    user.click(options, IDC_CMDEDITLEGEND);
+    user.until("the reason", [&] {
+      return textOf(options, IDC_PROBLEM) == "The key cannot be edited: Overflow.";
+    });
+    user.click(options, IDCANCEL);
+  });
+  makeKey(2);
+  std::filesystem::create_directory(host::wide(folder_.file("tiny.KEW")));
+  const auto edit = [](User& user, HWND options) {
+    user.click(options, IDC_CMDEDITLEGEND);
+    const HWND editor = user.dialog(kEditor);
+    // A failure of the editor's own has been told there.
+    user.click(editor, IDC_CMDAUTODIV);
+    const HWND division = user.dialog(kAutoDiv);
+    user.type(GetDlgItem(division, IDC_FLDDIVISIONS), L"0");
+    user.click(division, IDOK);
+    user.untilGone(division);
+    user.until("the reason", [&] { return !textOf(editor, IDC_PROBLEM).empty(); });
+    return editor;
+  };
+  std::string reason;
+  showOptions([&](User& user, HWND options) {
+    HWND editor = edit(user, options);
+    user.click(editor, IDOK);
+    user.untilGone(editor);
+    user.until("the reason", [&] { return !textOf(options, IDC_PROBLEM).empty(); });
+    reason = textOf(options, IDC_PROBLEM);
+    editor = edit(user, options);
+    EXPECT_EQ(textOf(options, IDC_PROBLEM), "");
+    user.click(editor, IDCANCEL);
+    user.untilGone(editor);
+    user.onMainThread([] {});
+    EXPECT_EQ(textOf(options, IDC_PROBLEM), "");
+    user.click(options, IDOK);
+  });
+  const std::string failure = host::narrow(control().get(L"ErrorMessage").text());
+  EXPECT_TRUE(reason.starts_with("The key could not be saved: ")) << reason;
+  EXPECT_EQ(reason.find("KelvaneCtl"), std::string::npos) << reason << failure;
 }
 
 }  // namespace

@@ -12,15 +12,7 @@ namespace {
 
 constexpr UINT kFocusMoved = WM_APP + 1;
 constexpr COLORREF kWrongBox = RGB(255, 205, 205), kWrongText = RGB(0, 0, 0);
-constexpr COLORREF kLineText = RGB(176, 0, 0);
 constexpr WPARAM kLongestNumber = 60;  // letters
-
-bool highContrast() {
-  HIGHCONTRASTW chosen = {};
-  chosen.cbSize = sizeof chosen;
-  return SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof chosen, &chosen, 0) &&
-         (chosen.dwFlags & HCF_HIGHCONTRASTON) != 0;
-}
 
 template <class Number, class Spell, class Read>
 NumberFields::Field fieldOf(HWND edit, std::function<Number*()> place, Spell spell, Read read,
@@ -92,12 +84,6 @@ void NumberFields::show(Held& field) {
   field.shown = field.value();
 }
 
-void NumberFields::say(const std::string& problem) {
-  if (textOf(line_) == problem) return;
-  setText(line_, problem);
-  if (!problem.empty()) NotifyWinEvent(EVENT_SYSTEM_ALERT, line_, OBJID_WINDOW, CHILDID_SELF);
-}
-
 bool NumberFields::allRight() {
   const Held* const wrong = firstWrong();
   if (wrong == nullptr) return true;
@@ -121,7 +107,7 @@ void NumberFields::onChange(Held& field) {
 }
 
 void NumberFields::onFocusMoved() {
-  const HWND dialog = GetParent(line_), focus = GetFocus();
+  const HWND dialog = GetParent(line_.window()), focus = GetFocus();
   // The user may be looking at another program, and come back to finish the number.
   if (!IsChild(dialog, focus)) return;
   bool told = false;
@@ -143,7 +129,7 @@ bool NumberFields::mark(Held& field, bool wrong) {
 
 void NumberFields::tell() {
   const Held* const wrong = firstWrong();
-  say(wrong != nullptr ? wrong->wanted : std::string());
+  line_.say(wrong != nullptr ? wrong->wanted : std::string());
 }
 
 NumberFields::Held* NumberFields::find(HWND edit) {
@@ -174,12 +160,7 @@ std::optional<INT_PTR> NumberFields::onMessage(UINT message, WPARAM wide, LPARAM
     SetBkColor(dc, kWrongBox);
     return reinterpret_cast<INT_PTR>(wrongBrush_);
   }
-  if (message == WM_CTLCOLORSTATIC && control == line_ && !highContrast()) {
-    SetTextColor(dc, kLineText);
-    SetBkColor(dc, GetSysColor(COLOR_BTNFACE));
-    return reinterpret_cast<INT_PTR>(GetSysColorBrush(COLOR_BTNFACE));
-  }
-  return {};
+  return line_.onMessage(message, wide, longer);
 }
 
 NumberFields::Field numberField(HWND edit, std::function<double*()> place) {

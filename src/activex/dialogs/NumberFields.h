@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "activex/dialogs/ProblemLine.h"
+
 namespace activex {
 
 // The numeric edit boxes of a dialog. What is typed goes into the dialog's value at once, as soon
@@ -33,7 +35,7 @@ class NumberFields {
   NumberFields& operator=(const NumberFields&) = delete;
 
   // Where the line of text is; then the fields.
-  void setProblemLine(HWND line) { line_ = line; }
+  void setProblemLine(HWND line) { line_.setUp(line); }
   void add(Field field);
 
   // Every box that is to be seen shows its value. No box keeps a mark.
@@ -41,8 +43,8 @@ class NumberFields {
   // Wrong texts are given up, as they are when their box is left: to be called before the boxes
   // come to stand for other values.
   void giveUp();
-  // Puts a text on the line until the next number is typed; screen readers say it.
-  void say(const std::string& problem);
+  // The line of text; what others put on it stays until the next number is typed.
+  const ProblemLine& line() const { return line_; }
   // Whether every text to be seen is a number. If not, the first that is none gets the focus.
   bool allRight();
 
@@ -65,7 +67,7 @@ class NumberFields {
   const Held* firstWrong() const;
   void tell();
 
-  HWND line_ = nullptr;
+  ProblemLine line_;
   std::vector<Held> fields_;
   bool showing_ = false;  // the texts change because the values do
   HBRUSH wrongBrush_ = nullptr;

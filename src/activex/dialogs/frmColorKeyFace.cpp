@@ -104,17 +104,11 @@ template <class Event>
 void frmColorKeyFace::happens(Event&& event) {
   fields_.giveUp();
   fields_.show();
-  fields_.say({});
+  fields_.line().say({});
   const uint32_t before = util::failuresReported();
   event();
   if (window() == nullptr) return;  // gone with its owner
-  if (util::failuresReported() != before) {
-    const std::string& text = util::LastError;
-    const std::size_t description = text.rfind(", ");
-    fields_.say("Nothing was changed: " +
-                (description == std::string::npos ? text : text.substr(description + 2)) + ".");
-    MessageBeep(MB_ICONWARNING);
-  }
+  if (util::failuresReported() != before) fields_.line().sayFailure("Nothing was changed");
   show();
 }
 

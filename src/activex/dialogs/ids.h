@@ -34,7 +34,7 @@
 #define IDC_CMDCOLORRAMP 160
 #define IDC_CMDIMPORT 161
 
-/* What is wrong with a number, in every dialog that asks for one. */
+/* What is wrong, in every dialog that has something to say of it. */
 #define IDC_PROBLEM 170
 
 /* The editor's rows in view, counted from 0 at the top: the control of a part of row r is
