@@ -82,31 +82,82 @@ TEST_F(DialogHost, CannotCloseADialogUnderAnother) {
   EXPECT_TRUE(control().get(L"DrawProfile").flag());
 }
 
+// A window of the host's in a corner of the screen, away from the dialogs, which counts how often
+// it is painted.
+class Bystander {
+ public:
+  Bystander() {
+    WNDCLASSW kind = {};
+    kind.lpfnWndProc = procedure;
+    kind.lpszClassName = L"Bystander";
+    RegisterClassW(&kind);
+    window_ =
+        CreateWindowExW(WS_EX_NOACTIVATE, L"Bystander", L"", WS_POPUP | WS_VISIBLE,
+                        GetSystemMetrics(SM_CXSCREEN) - 20, GetSystemMetrics(SM_CYSCREEN) - 20, 20,
+                        20, nullptr, nullptr, nullptr, nullptr);
+  }
+  ~Bystander() {
+    DestroyWindow(window_);
+    UnregisterClassW(L"Bystander", nullptr);
+  }
+  static inline int paints = 0;
+
+ private:
+  static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wide, LPARAM longer) {
+    paints += message == WM_PAINT;
+    return DefWindowProcW(window, message, wide, longer);
+  }
+  HWND window_ = nullptr;
+};
+
 // The form goes with its control while dialogs are up, one on the other: they go too, the call
 // comes back, and the control is still good for something.
 TEST_F(DialogHost, TakesItsDialogsAlong) {
-  for (const std::wstring last : {kEditor, kAutoDiv, kChooser, kOpen, kOptions}) {
+  makeKey(2);
+  editKey([](User& user, HWND editor) { user.click(editor, IDOK); });  // something to import
+  const struct {
+    std::vector<int> clicks;  // in the editor and what it opens
+    std::wstring last;
+  } rows[] = {{{}, kEditor},
+              {{IDC_CMDAUTODIV}, kAutoDiv},
+              {{partOf(0, ROW_LBLCOLOR)}, kChooser},
+              {{IDC_CMDCOLORRAMP}, kColorRamp},
+              {{IDC_CMDCOLORRAMP, IDC_LBLFIRSTCOLOR}, kChooser},
+              {{IDC_CMDCOLORRAMP, IDC_LBLLASTCOLOR}, kChooser},
+              {{IDC_CMDIMPORT}, kOpen},
+              {{IDC_CMDIMPORT}, kVarName},
+              {{}, kOptions}};
+  for (const auto& [clicks, last] : rows) {
     auto form = std::make_unique<host::Form>(L"Kelvane.KelvaneCtl", 300, 200);
     host::Object kept(form->control().dispatch());
     const HWND window = form->window();
+    const Bystander bystander;
+    form->pump();
+    ASSERT_GT(Bystander::paints, 0);
     EXPECT_EQ(User::during([&] { kept.call(L"ShowOptions"); },
                            [&](User& user) {
                              const HWND options = user.dialog(kOptions);
                              if (last != kOptions) {
                                user.click(options, IDC_CMDEDITLEGEND);
                                const HWND editor = user.dialog(kEditor);
-                               if (last == kAutoDiv) user.click(editor, IDC_CMDAUTODIV);
-                               if (last == kChooser) user.click(editor, partOf(0, ROW_LBLCOLOR));
-                               if (last == kOpen) user.click(editor, IDC_CMDIMPORT);
+                               if (!clicks.empty()) user.click(editor, clicks[0]);
+                               if (clicks.size() > 1)
+                                 user.click(user.dialog(kColorRamp), clicks[1]);
+                               if (last == kVarName) user.chooseFile(folder_.file("tiny.KEW"));
                              }
                              user.dialog(last);
-                             user.onMainThread([&] { DestroyWindow(window); });
+                             user.onMainThread([&] {
+                               Bystander::paints = 0;
+                               DestroyWindow(window);
+                             });
                              user.untilGone(window);
                              user.untilGone(options);
                            }),
               "")
         << host::narrow(last);
     EXPECT_FALSE(IsWindow(window));
+    form_.pump();
+    EXPECT_EQ(Bystander::paints, 0) << host::narrow(last);
     EXPECT_EQ(kept.get(L"NumDrawAbleItems").number(), 2);
     form.reset();
     kept.call(L"ReDraw");

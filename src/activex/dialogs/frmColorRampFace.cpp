@@ -46,6 +46,7 @@ bool frmColorRampFace::takesKey(HWND, WPARAM key) { return key == VK_RETURN; }
 void frmColorRampFace::onKey(HWND control, WPARAM) { PostMessageW(control, BM_CLICK, 0, 0); }
 
 void frmColorRampFace::showSwatches() {
+  if (window() == nullptr) return;  // gone with its owner
   setText(item(IDC_LBLFIRSTCOLOR), swatchName("First color", dialog_.FirstColor()));
   setText(item(IDC_LBLLASTCOLOR), swatchName("Last color", dialog_.LastColor()));
   InvalidateRect(item(IDC_LBLFIRSTCOLOR), nullptr, FALSE);
