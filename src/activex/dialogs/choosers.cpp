@@ -21,6 +21,22 @@ std::array<COLORREF, 16>& customColours() {
   return colours;
 }
 
+// The process's current folder, put back on every way out.
+class CurrentFolder {
+ public:
+  CurrentFolder() : name_(GetCurrentDirectoryW(0, nullptr), L'\0') {
+    name_.resize(GetCurrentDirectoryW(static_cast<DWORD>(name_.size()), name_.data()));
+  }
+  ~CurrentFolder() {
+    if (!name_.empty()) SetCurrentDirectoryW(name_.c_str());
+  }
+  CurrentFolder(const CurrentFolder&) = delete;
+  CurrentFolder& operator=(const CurrentFolder&) = delete;
+
+ private:
+  std::wstring name_;
+};
+
 // The longest path that Windows knows, with its closing zero.
 constexpr std::size_t kLongestPath = 32768;
 
@@ -38,6 +54,8 @@ std::optional<platform::Colour> chooseColor(HWND owner, platform::Colour preset)
 }
 
 std::optional<std::string> chooseKewFile(HWND owner) {
+  // The dialog is asked to leave it alone, which some versions of Windows do not.
+  const CurrentFolder current;
   std::wstring name(kLongestPath, L'\0');
   OPENFILENAMEW choice = {};
   choice.lStructSize = sizeof choice;
