@@ -14,6 +14,11 @@ TEST_F(OptionsDialog, HasTheControlsNamed) {
     EXPECT_EQ(textOf(options, IDC_OPTVIEWSTYLE2), "Vertical Profile (&Single Graph)");
     EXPECT_EQ(textOf(options, IDC_OPTVIEWSTYLE3), "Vertical Profile (S&eperate Graphs)");
     EXPECT_EQ(textOf(options, IDC_CMDEDITLEGEND), "Edit &Legend");
+    EXPECT_EQ(textOf(options, IDOK), "OK");
+    EXPECT_EQ(textOf(options, IDCANCEL), "Cancel");
+    const HWND frame = FindWindowExW(options, nullptr, L"Button", L"View Options");
+    ASSERT_NE(frame, nullptr);
+    EXPECT_EQ(GetWindowLongW(frame, GWL_STYLE) & BS_TYPEMASK, BS_GROUPBOX);
     user.click(options, IDCANCEL);
   });
 }
@@ -45,6 +50,18 @@ TEST_F(OptionsDialog, RedrawsAfterOkAlone) {
     user.click(options, IDOK);
   });
   EXPECT_TRUE(form_.shoot() == section);
+}
+
+// Unlike Cancel, the close box leaves the choice as it was clicked.
+TEST_F(OptionsDialog, KeepsTheChoiceWhenClosedByItsBox) {
+  const host::Picture section = form_.shoot();
+  showOptions([](User& user, HWND options) {
+    user.click(options, IDC_OPTVIEWSTYLE2);
+    user.until("the click", [&] { return IsDlgButtonChecked(options, IDC_OPTVIEWSTYLE2) != 0; });
+    PostMessageW(options, WM_CLOSE, 0, 0);
+  });
+  EXPECT_TRUE(form_.shoot() == section);
+  EXPECT_TRUE(control().get(L"DrawProfile").flag());
 }
 
 TEST_F(OptionsDialog, IsWorkedByTheKeyboard) {
