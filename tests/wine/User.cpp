@@ -192,15 +192,17 @@ void User::chooseFile(const std::string& path) {
 }
 
 void User::chooseColor(std::optional<COLORREF> colour) {
-  constexpr int red = 706, green = 707, blue = 708;  // by the system's own template
   const HWND chooser = dialog(L"Color");
-  if (colour) {
-    SetDlgItemInt(chooser, red, GetRValue(*colour), FALSE);
-    SetDlgItemInt(chooser, green, GetGValue(*colour), FALSE);
-    SetDlgItemInt(chooser, blue, GetBValue(*colour), FALSE);
-  }
+  if (colour) mixColor(chooser, *colour);
   click(chooser, colour ? IDOK : IDCANCEL);
   untilGone(chooser);
+}
+
+void User::mixColor(HWND chooser, COLORREF colour) {
+  constexpr int red = 706, green = 707, blue = 708;  // by the system's own template
+  SetDlgItemInt(chooser, red, GetRValue(colour), FALSE);
+  SetDlgItemInt(chooser, green, GetGValue(colour), FALSE);
+  SetDlgItemInt(chooser, blue, GetBValue(colour), FALSE);
 }
 
 void User::onMainThread(std::function<void()> action) {

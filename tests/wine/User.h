@@ -37,8 +37,9 @@ class User {
 
   // In the system's open-file dialog.
   void chooseFile(const std::string& path);
-  // In the system's colour chooser; without one, the user cancels.
+  // In the system's colour chooser: mixes a colour and takes it, or cancels.
   void chooseColor(std::optional<COLORREF> colour);
+  void mixColor(HWND chooser, COLORREF colour);
 
   // Has the main thread do something from within the modal loop, as the host's code might.
   void onMainThread(std::function<void()> action);

@@ -39,6 +39,24 @@ class KeyEditorRows : public DialogTest {
     GetScrollInfo(GetDlgItem(editor, IDC_VSCROLL1), SB_CTL, &range);
     return range;
   }
+  // How many rows are in view at a time.
+  static int page(HWND editor) { return static_cast<int>(scrollBar(editor).nPage); }
+  // How many that are in the window as it opens, at this resolution and in this font.
+  int roomByDesign() {
+    int room = 0;
+    editKey([&](User& user, HWND editor) {
+      room = page(editor);
+      user.click(editor, IDCANCEL);
+    });
+    return room;
+  }
+  static int topOf(HWND editor, int line) {
+    RECT place = {};
+    GetWindowRect(part(editor, line, ROW_FLDLOWRANGE), &place);
+    return place.top;
+  }
+  // From a row to the next one, in pixels.
+  static int pitch(HWND editor) { return topOf(editor, 1) - topOf(editor, 0); }
   static void scroll(HWND editor, int request, int position = 0) {
     PostMessageW(editor, WM_VSCROLL,
                  MAKEWPARAM(static_cast<WORD>(request), static_cast<WORD>(position)),
@@ -52,19 +70,20 @@ TEST_F(KeyEditorRows, ShowsAnyNumberInTheSameWindows) {
     makeKey(rows);
     editKey([&](User& user, HWND editor) {
       windows[at++] = windowsIn(editor);
-      EXPECT_EQ(shownIn(editor), std::min(rows, 12));
-      EXPECT_EQ(scrollBar(editor).nMax, std::max(rows, 12) - 1);
-      EXPECT_EQ(scrollBar(editor).nPage, 12U);
+      const int room = page(editor), last = room - 1;
+      EXPECT_GT(room, 5);
+      EXPECT_EQ(shownIn(editor), std::min(rows, room));
+      EXPECT_EQ(scrollBar(editor).nMax, std::max(rows, room) - 1);
       scroll(editor, SB_BOTTOM);
       if (rows == 3000) {
-        untilFirst(user, editor, "2989");
-        EXPECT_EQ(textOf(part(editor, 11, ROW_FLDHIGHRANGE)), "3000");
-        user.type(part(editor, 11, ROW_FLDHIGHRANGE), L"3001");
+        untilFirst(user, editor, std::to_string(3001 - room));
+        EXPECT_EQ(textOf(part(editor, last, ROW_FLDHIGHRANGE)), "3000");
+        user.type(part(editor, last, ROW_FLDHIGHRANGE), L"3001");
         scroll(editor, SB_TOP);
         untilFirst(user, editor, "1");
-        scroll(editor, SB_THUMBPOSITION, 2988);
-        untilFirst(user, editor, "2989");
-        EXPECT_EQ(textOf(part(editor, 11, ROW_FLDHIGHRANGE)), "3001");
+        scroll(editor, SB_THUMBPOSITION, 3000 - room);
+        untilFirst(user, editor, std::to_string(3001 - room));
+        EXPECT_EQ(textOf(part(editor, last, ROW_FLDHIGHRANGE)), "3001");
       }
       user.click(editor, IDCANCEL);
     });
@@ -78,11 +97,12 @@ TEST_F(KeyEditorRows, ScrollByBarAndWheel) {
   editKey([](User& user, HWND editor) {
     scroll(editor, SB_LINEDOWN);
     untilFirst(user, editor, "2");
+    const int room = page(editor);
     scroll(editor, SB_PAGEDOWN);
-    untilFirst(user, editor, "14");
-    EXPECT_EQ(scrollBar(editor).nPos, 13);
+    untilFirst(user, editor, std::to_string(2 + room));
+    EXPECT_EQ(scrollBar(editor).nPos, 1 + room);
     scroll(editor, SB_LINEUP);
-    untilFirst(user, editor, "13");
+    untilFirst(user, editor, std::to_string(1 + room));
     scroll(editor, SB_PAGEUP);
     untilFirst(user, editor, "1");
     scroll(editor, SB_LINEUP);
@@ -131,47 +151,52 @@ TEST_F(KeyEditorRows, AreWalkedByKeys) {
     user.key(VK_UP);
     user.key(VK_DOWN);
     untilFocus(user, editor, 1, ROW_FLDLOWRANGE);
+    const int room = page(editor), last = room - 1;
+    const std::string firstAtEnd = std::to_string(41 - room);
+    const std::string firstAfterAPage = std::to_string(1 + room);
     user.key(VK_END, User::WithControl);
-    untilFirst(user, editor, "29");
-    untilFocus(user, editor, 11, ROW_FLDLOWRANGE);
+    untilFirst(user, editor, firstAtEnd);
+    untilFocus(user, editor, last, ROW_FLDLOWRANGE);
     user.key(VK_DOWN);
     user.key(VK_UP);
-    untilFocus(user, editor, 10, ROW_FLDLOWRANGE);
+    untilFocus(user, editor, last - 1, ROW_FLDLOWRANGE);
     user.key(VK_PRIOR);
-    untilFirst(user, editor, "17");
-    untilFocus(user, editor, 10, ROW_FLDLOWRANGE);
+    untilFirst(user, editor, std::to_string(41 - 2 * room));
+    untilFocus(user, editor, last - 1, ROW_FLDLOWRANGE);
     user.key(VK_NEXT);
-    untilFirst(user, editor, "29");
-    untilFocus(user, editor, 10, ROW_FLDLOWRANGE);
+    untilFirst(user, editor, firstAtEnd);
+    untilFocus(user, editor, last - 1, ROW_FLDLOWRANGE);
     user.key(VK_NEXT);
-    untilFocus(user, editor, 11, ROW_FLDLOWRANGE);
+    untilFocus(user, editor, last, ROW_FLDLOWRANGE);
     user.key(VK_HOME, User::WithControl);
     untilFirst(user, editor, "1");
     untilFocus(user, editor, 0, ROW_FLDLOWRANGE);
     // What is typed goes into the row that the keys have come to.
     user.key(VK_NEXT);
-    untilFirst(user, editor, "13");
+    untilFirst(user, editor, firstAfterAPage);
     user.key('7');
     user.until("the number typed", [&] { return textOf(user.focus()) == "7"; });
     user.key(VK_PRIOR);
     untilFirst(user, editor, "1");
     EXPECT_EQ(textOf(part(editor, 0, ROW_FLDLOWRANGE)), "0");
     user.key(VK_NEXT);
-    untilFirst(user, editor, "13");
+    untilFirst(user, editor, firstAfterAPage);
     EXPECT_EQ(textOf(part(editor, 0, ROW_FLDLOWRANGE)), "7");
     user.key(VK_ESCAPE);
   });
 }
 
 TEST_F(KeyEditorRows, AreAllReachedByTab) {
-  makeKey(14);
+  makeKey(roomByDesign() + 2);
   editKey([](User& user, HWND editor) {
+    const int last = page(editor) - 1;
     untilFocus(user, editor, 0, ROW_FLDLOWRANGE);
     const int parts[] = {ROW_FLDLOWRANGE, ROW_FLDHIGHRANGE, ROW_LBLCOLOR, ROW_CMDDELETE};
-    for (int row = 0; row < 14; ++row) {
+    for (int row = 0; row < last + 3; ++row) {
       for (const int which : parts) {
-        untilFocus(user, editor, std::min(row, 11), which);
-        EXPECT_EQ(textOf(part(editor, std::min(row, 11), ROW_NUMBER)), std::to_string(row + 1));
+        const int line = std::min(row, last);
+        untilFocus(user, editor, line, which);
+        EXPECT_EQ(textOf(part(editor, line, ROW_NUMBER)), std::to_string(row + 1));
         user.key(VK_TAB);
       }
     }
@@ -199,8 +224,9 @@ TEST_F(KeyEditorRows, AreAllReachedByTab) {
 }
 
 TEST_F(KeyEditorRows, HaveButtonsForTheKeyboard) {
-  makeKey(13);
+  makeKey(roomByDesign() + 1);
   editKey([](User& user, HWND editor) {
+    const int last = page(editor) - 1;
     user.key(VK_TAB);
     user.key(VK_TAB);
     untilFocus(user, editor, 0, ROW_LBLCOLOR);
@@ -218,12 +244,12 @@ TEST_F(KeyEditorRows, HaveButtonsForTheKeyboard) {
     untilFocus(user, editor, 0, ROW_CMDDELETE);
     // Rows above come into view when the last ones go; the focus stays on a row.
     user.key(VK_END, User::WithControl);
-    untilFocus(user, editor, 11, ROW_CMDDELETE);
+    untilFocus(user, editor, last, ROW_CMDDELETE);
     user.key(VK_SPACE);
-    user.until("the row goes", [&] { return !isShown(editor, 11); });
-    untilFocus(user, editor, 10, ROW_CMDDELETE);
+    user.until("the row goes", [&] { return !isShown(editor, last); });
+    untilFocus(user, editor, last - 1, ROW_CMDDELETE);
     user.key('A', User::WithAlt);
-    user.until("the row is back", [&] { return isShown(editor, 11); });
+    user.until("the row is back", [&] { return isShown(editor, last); });
     user.key(VK_ESCAPE);
   });
 }
@@ -241,15 +267,17 @@ TEST_F(KeyEditorRows, AreMoreInAHigherWindow) {
       GetWindowRect(editor, &now);
       return now;
     };
+    const int room = page(editor);
     scroll(editor, SB_BOTTOM);
-    untilFirst(user, editor, "89");
-    resize(width, height + 110);
-    EXPECT_EQ(shownIn(editor), 17);
-    EXPECT_EQ(first(editor), "84");
-    EXPECT_EQ(textOf(part(editor, 16, ROW_FLDHIGHRANGE)), "100");
-    EXPECT_EQ(scrollBar(editor).nPage, 17U);
-    user.press(part(editor, 16, ROW_FLDHIGHRANGE));
-    untilFocus(user, editor, 16, ROW_FLDHIGHRANGE);
+    untilFirst(user, editor, std::to_string(101 - room));
+    resize(width, height + 5 * pitch(editor));
+    const int more = room + 5;
+    EXPECT_EQ(shownIn(editor), more);
+    EXPECT_EQ(first(editor), std::to_string(101 - more));
+    EXPECT_EQ(textOf(part(editor, more - 1, ROW_FLDHIGHRANGE)), "100");
+    EXPECT_EQ(page(editor), more);
+    user.press(part(editor, more - 1, ROW_FLDHIGHRANGE));
+    untilFocus(user, editor, more - 1, ROW_FLDHIGHRANGE);
     const RECT least = resize(width + 200, 1);
     EXPECT_EQ(least.right - least.left, width) << "the width is fixed";
     EXPECT_EQ(shownIn(editor), 3);
@@ -266,7 +294,7 @@ TEST_F(KeyEditorRows, AreMoreInAHigherWindow) {
     EXPECT_LE(problem.bottom, area.bottom);
     EXPECT_LT(add.bottom, problem.top);
     resize(width, height);
-    EXPECT_EQ(shownIn(editor), 12);
+    EXPECT_EQ(shownIn(editor), room);
     user.click(editor, IDCANCEL);
   });
 }
