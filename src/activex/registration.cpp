@@ -1,5 +1,6 @@
 #include "activex/registration.h"
 
+#include <comcat.h>
 #include <olectl.h>
 
 #include <string>
@@ -8,13 +9,15 @@
 #include "activex/guids.h"
 #include "activex/identity.h"
 #include "activex/module.h"
-#include "activex/typeLibrary.h"
+#include "activex/registrationText.h"
+#include "activex/registrationTypes.h"
 
 namespace activex {
 namespace {
 
-// The category by which form designers find controls.
-constexpr wchar_t kControlCategory[] = L"{40FC6ED4-2438-11CF-A3DB-080036F12502}";
+// By which form designers find controls, and how they may save them: one for each persistence
+// interface that the control answers.
+const GUID* const kCategories[] = {&CATID_Control, &CATID_PersistsToStreamInit};
 
 struct Value {
   std::wstring key;
@@ -22,17 +25,11 @@ struct Value {
   std::wstring text;
 };
 
-std::wstring textOf(REFGUID id) {
-  wchar_t text[40] = {};
-  StringFromGUID2(id, text, 40);
-  return text;
-}
-
 std::wstring classKey() { return L"CLSID\\" + textOf(CLSID_KelvaneCtl); }
 
 std::vector<Value> valuesOf(const std::wstring& path) {
   const std::wstring id = textOf(CLSID_KelvaneCtl), key = classKey();
-  return {
+  std::vector<Value> values = {
       {kVersionedProgId, nullptr, kUserType},
       {std::wstring(kVersionedProgId) + L"\\CLSID", nullptr, id},
       {kProgId, nullptr, kUserType},
@@ -49,87 +46,53 @@ std::vector<Value> valuesOf(const std::wstring& path) {
       {key + L"\\MiscStatus\\1", nullptr, std::to_wstring(kMiscStatus)},
       {key + L"\\Control", nullptr, L""},
       {key + L"\\Programmable", nullptr, L""},
-      {key + L"\\Implemented Categories\\" + kControlCategory, nullptr, L""},
+      {key + L"\\ToolboxBitmap32", nullptr, path + L",1"},
   };
-}
-
-bool write(const Value& value) {
-  HKEY key = nullptr;
-  if (RegCreateKeyExW(HKEY_CLASSES_ROOT, value.key.c_str(), 0, nullptr, 0, KEY_SET_VALUE, nullptr,
-                      &key, nullptr) != ERROR_SUCCESS) {
-    return false;
+  for (const GUID* category : kCategories) {
+    values.push_back({key + L"\\Implemented Categories\\" + textOf(*category), nullptr, L""});
   }
-  const auto bytes = static_cast<DWORD>((value.text.size() + 1) * sizeof(wchar_t));
-  const LSTATUS written =
-      RegSetValueExW(key, value.name, 0, REG_SZ,
-                     reinterpret_cast<const BYTE*>(value.text.c_str()), bytes);
-  return RegCloseKey(key) == ERROR_SUCCESS && written == ERROR_SUCCESS;
+  return values;
 }
 
-bool exists(const std::wstring& key) {
-  HKEY opened = nullptr;
-  if (RegOpenKeyExW(HKEY_CLASSES_ROOT, key.c_str(), 0, KEY_READ, &opened) != ERROR_SUCCESS) {
-    return false;
-  }
-  RegCloseKey(opened);
-  return true;
-}
-
-bool removeTree(const std::wstring& key) {
-  const LSTATUS removed = RegDeleteTreeW(HKEY_CLASSES_ROOT, key.c_str());
-  return removed == ERROR_SUCCESS || removed == ERROR_FILE_NOT_FOUND;
-}
-
-HRESULT writeClass(const std::wstring& path) {
+HRESULT writeClass(const RegistrationRoot& root, const std::wstring& path) {
   for (const Value& value : valuesOf(path)) {
-    if (!write(value)) return SELFREG_E_CLASS;
+    if (!root.write(value.key, value.name, value.text)) return SELFREG_E_CLASS;
   }
   return S_OK;
 }
 
-HRESULT writeTypeLibrary(const std::wstring& path) {
-  ComPtr<ITypeLib> library;
-  std::wstring name = path;  // the call takes it as writable, and only reads it
-  const std::wstring folder = path.substr(0, path.find_last_of(L"\\/"));
-  std::wstring help = folder;
-  const bool written = SUCCEEDED(loadTypeLibrary(library)) &&
-                       SUCCEEDED(RegisterTypeLib(library.get(), name.data(), help.data()));
-  return written ? S_OK : SELFREG_E_TYPELIB;
+HRESULT removeClass(const RegistrationRoot& root) {
+  bool removed = root.removeTree(classKey());
+  if (!root.existsForOtherBitness(classKey() + L"\\InprocServer32")) {
+    // One that cannot be removed does not keep the other.
+    removed = root.removeTree(kProgId) && removed;
+    removed = root.removeTree(kVersionedProgId) && removed;
+  }
+  return removed ? S_OK : SELFREG_E_CLASS;
 }
 
-HRESULT removeTypeLibrary() {
-  ComPtr<ITypeLib> library;
-  TLIBATTR* attributes = nullptr;
-  if (FAILED(loadTypeLibrary(library)) || FAILED(library->GetLibAttr(&attributes))) {
-    return SELFREG_E_TYPELIB;
+HRESULT unregisterFrom(const RegistrationRoot& root, Scope scope) {
+  const HRESULT library = removeTypeLibrary(root);
+  const HRESULT itsClass = removeClass(root);
+  if (scope == Scope::User) {
+    // A user who has registered nothing has none of these.
+    for (const wchar_t* key : {L"CLSID", L"Interface", L"TypeLib"}) root.removeIfEmpty(key);
   }
-  const HRESULT removed =
-      UnRegisterTypeLib(attributes->guid, attributes->wMajorVerNum, attributes->wMinorVerNum,
-                        attributes->lcid, attributes->syskind);
-  library->ReleaseTLibAttr(attributes);
-  // Refused, in several ways, also when it is not there.
-  return SUCCEEDED(removed) || !exists(L"TypeLib\\" + textOf(LIBID_Kelvane)) ? S_OK
-                                                                              : SELFREG_E_TYPELIB;
+  return FAILED(itsClass) ? itsClass : library;
 }
 
 }  // namespace
 
-HRESULT registerControl() {
+HRESULT registerControl(Scope scope) {
   const std::wstring path = modulePath();
   if (path.empty()) return SELFREG_E_CLASS;
-  HRESULT result = writeClass(path);
-  if (SUCCEEDED(result)) result = writeTypeLibrary(path);
-  if (FAILED(result)) unregisterControl();
+  const RegistrationRoot root(scope);
+  HRESULT result = writeClass(root, path);
+  if (SUCCEEDED(result)) result = writeTypeLibrary(root);
+  if (FAILED(result)) unregisterFrom(root, scope);
   return result;
 }
 
-HRESULT unregisterControl() {
-  const HRESULT library = removeTypeLibrary();
-  // One that cannot be removed does not keep the others.
-  bool removed = removeTree(kProgId);
-  removed = removeTree(kVersionedProgId) && removed;
-  removed = removeTree(classKey()) && removed;
-  return removed ? library : SELFREG_E_CLASS;
-}
+HRESULT unregisterControl(Scope scope) { return unregisterFrom(RegistrationRoot(scope), scope); }
 
 }  // namespace activex

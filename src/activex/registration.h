@@ -2,12 +2,16 @@
 
 #include <windows.h>
 
+#include "activex/registrationRoot.h"
+
 namespace activex {
 
 // Writes everything that hosts look up about the control, or nothing: when a write fails the
 // earlier ones are taken back. The result says which half failed.
-HRESULT registerControl();
-// Removes every key that registerControl writes. Absent ones are no failure.
-HRESULT unregisterControl();
+HRESULT registerControl(Scope scope);
+
+// Removes every key that registerControl writes for that scope. Absent ones are no failure. The
+// ProgIDs are common to both bitnesses: they go with the last class that they lead to.
+HRESULT unregisterControl(Scope scope);
 
 }  // namespace activex
