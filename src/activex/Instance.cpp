@@ -1,5 +1,6 @@
 #include "activex/Instance.h"
 
+#include "activex/dataChange.h"
 #include "activex/himetric.h"
 
 namespace activex {
@@ -14,9 +15,10 @@ Instance::Instance(IUnknown& object)
     : activation(object, *this),
       desktop(activation),
       dialogs(activation),
-      body(object, desktop, dialogs, [this] {
+      body(object, desktop, dialogs, [this, &object] {
         activation.repaint();
         view.changed();
+        sendDataChange(object, dataAdvise);
       }) {
   takeSize(kWidth, kHeight);
 }

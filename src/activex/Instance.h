@@ -26,6 +26,7 @@ struct Instance {
 
   ComPtr<IOleClientSite> clientSite;
   ComPtr<IOleAdviseHolder> oleAdvise;
+  ComPtr<IDataAdviseHolder> dataAdvise;
   ViewSink view;
   SIZEL extent = {};
   bool dirty = false;

@@ -22,7 +22,10 @@ KelvaneObject::KelvaneObject()
       inPlaceObject_(*this, instance_),
       inPlaceActiveObject_(*this, instance_),
       viewObject_(*this, instance_),
+      dataObject_(*this, instance_),
       persistStreamInit_(*this, instance_),
+      persistPropertyBag_(*this, instance_),
+      persistStorage_(*this, instance_),
       classInfo_(*this) {}
 
 KelvaneObject::~KelvaneObject() { instance_.activation.deactivate(); }
@@ -45,7 +48,10 @@ IUnknown* KelvaneObject::role(REFIID iid) {
   if (iid == IID_IOleWindow || iid == IID_IOleInPlaceObject) return &inPlaceObject_;
   if (iid == IID_IOleInPlaceActiveObject) return &inPlaceActiveObject_;
   if (iid == IID_IViewObject || iid == IID_IViewObject2) return &viewObject_;
+  if (iid == IID_IDataObject) return &dataObject_;
   if (iid == IID_IPersist || iid == IID_IPersistStreamInit) return &persistStreamInit_;
+  if (iid == IID_IPersistPropertyBag) return &persistPropertyBag_;
+  if (iid == IID_IPersistStorage) return &persistStorage_;
   if (iid == IID_IProvideClassInfo || iid == IID_IProvideClassInfo2) return &classInfo_;
   return nullptr;
 }

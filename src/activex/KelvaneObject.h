@@ -4,10 +4,13 @@
 
 #include "activex/Automation.h"
 #include "activex/ClassInfo.h"
+#include "activex/DataObject.h"
 #include "activex/InPlace.h"
 #include "activex/Instance.h"
 #include "activex/OleControl.h"
 #include "activex/OleObject.h"
+#include "activex/PersistPropertyBag.h"
+#include "activex/PersistStorage.h"
 #include "activex/PersistStreamInit.h"
 #include "activex/ViewObject.h"
 #include "activex/module.h"
@@ -41,7 +44,10 @@ class KelvaneObject final : public IUnknown {
   InPlaceObject inPlaceObject_;
   InPlaceActiveObject inPlaceActiveObject_;
   ViewObject viewObject_;
+  DataObject dataObject_;
   PersistStreamInit persistStreamInit_;
+  PersistPropertyBag persistPropertyBag_;
+  PersistStorage persistStorage_;
   ClassInfo classInfo_;
 };
 

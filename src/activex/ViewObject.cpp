@@ -1,39 +1,10 @@
 #include "activex/ViewObject.h"
 
 #include "activex/Instance.h"
+#include "activex/drawPicture.h"
 #include "activex/guard.h"
 
 namespace activex {
-namespace {
-
-// Draws in the context's own coordinates, so that a host's scaling is kept.
-bool drawLogical(const platform::GdiPictureBox& picture, HDC dc, const RECT& bounds) {
-  return picture.drawInto(dc, bounds);
-}
-
-// Draws in device pixels: the picture stays upright and comes out pixel for pixel where the
-// sizes agree, whatever the host's coordinates are.
-bool drawDevice(const platform::GdiPictureBox& picture, HDC dc, RECT bounds) {
-  POINT corners[2] = {{bounds.left, bounds.top}, {bounds.right, bounds.bottom}};
-  LPtoDP(dc, corners, 2);
-  const RECT device = {corners[0].x, corners[0].y, corners[1].x, corners[1].y};
-  const int saved = SaveDC(dc);
-  ModifyWorldTransform(dc, nullptr, MWT_IDENTITY);
-  SetMapMode(dc, MM_TEXT);
-  SetWindowOrgEx(dc, 0, 0, nullptr);
-  SetViewportOrgEx(dc, 0, 0, nullptr);
-  SetLayout(dc, 0);
-  const bool drawn = picture.drawInto(dc, device);
-  RestoreDC(dc, saved);
-  return drawn;
-}
-
-bool isMetafile(HDC dc) {
-  const DWORD kind = GetObjectType(dc);
-  return kind == OBJ_METADC || kind == OBJ_ENHMETADC;
-}
-
-}  // namespace
 
 HRESULT STDMETHODCALLTYPE ViewObject::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC,
                                            HDC dc, LPCRECTL bounds, LPCRECTL,
@@ -42,11 +13,7 @@ HRESULT STDMETHODCALLTYPE ViewObject::Draw(DWORD aspect, LONG, void*, DVTARGETDE
   if (bounds == nullptr) return E_POINTER;
   return guarded(object(), [&] {
     const RECT place = {bounds->left, bounds->top, bounds->right, bounds->bottom};
-    instance_.body.applySize();
-    const auto& picture = instance_.body.visible();
-    const bool drawn = isMetafile(dc) ? drawLogical(picture, dc, place)
-                                      : drawDevice(picture, dc, place);
-    return drawn ? S_OK : E_FAIL;
+    return drawPicture(instance_.body, dc, place) ? S_OK : E_FAIL;
   });
 }
 

@@ -6,6 +6,7 @@
 #include "ComOwner.h"
 #include "Form.h"
 #include "childProcess.h"
+#include "gdiObjects.h"
 #include "library.h"
 #include "support/TempFolder.h"
 #include "support/sampleSets.h"
@@ -131,17 +132,6 @@ TEST_F(FormHost, SharesTheStateWithOtherFormsAndIsLaidOutInPeace) {
   // With a section to draw, no size on the way to the final one may complain.
   Form third(kProgId, 320, 240);
   EXPECT_TRUE(third.answerer().boxes().empty());
-}
-
-// GDI objects of this process. Where the system does not count them, every handle is tried.
-int gdiObjects() {
-  const auto counted = static_cast<int>(GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS));
-  if (counted > 0) return counted;
-  int found = 0;
-  for (ULONG_PTR index = 1; index < 0x10000; ++index) {
-    found += GetObjectType(reinterpret_cast<HGDIOBJ>(index)) != 0;
-  }
-  return found;
 }
 
 TEST_F(FormHost, LeaksNoGdiObjectsAndNoReferences) {

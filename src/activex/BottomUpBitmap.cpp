@@ -1,0 +1,23 @@
+#include "activex/BottomUpBitmap.h"
+
+#include <cstdint>
+
+namespace activex {
+
+BottomUpBitmap::BottomUpBitmap(const platform::GdiPictureBox& picture) {
+  const int width = picture.width(), height = picture.height();
+  const auto size = std::int64_t{4} * width * height;
+  if (size <= 0 || size > MAXLONG) return;
+  info_.bmiHeader = {sizeof(BITMAPINFOHEADER), width, height, 1, 32, BI_RGB,
+                     static_cast<DWORD>(size), 0, 0, 0, 0};
+  void* bits = nullptr;
+  bitmap_.reset(CreateDIBSection(nullptr, &info_, DIB_RGB_COLORS, &bits, nullptr, 0));
+  const platform::MemoryDc dc(CreateCompatibleDC(nullptr));
+  if (!bitmap_ || !dc) return;
+  const platform::Selected selected(dc.get(), bitmap_.get());
+  picture.copyTo(dc.get(), {0, 0, width, height});
+  GdiFlush();
+  bits_ = bits;
+}
+
+}  // namespace activex
