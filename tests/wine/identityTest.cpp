@@ -28,6 +28,9 @@ const struct {
     {"IViewObject2", IID_IViewObject2},
     {"IPersist", IID_IPersist},
     {"IPersistStreamInit", IID_IPersistStreamInit},
+    {"IPersistPropertyBag", IID_IPersistPropertyBag},
+    {"IPersistStorage", IID_IPersistStorage},
+    {"IDataObject", IID_IDataObject},
     {"IProvideClassInfo", IID_IProvideClassInfo},
     {"IProvideClassInfo2", IID_IProvideClassInfo2},
 };
