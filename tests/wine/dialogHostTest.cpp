@@ -2,6 +2,7 @@
 
 #include "ComOwner.h"
 #include "DialogTest.h"
+#include "gdiObjects.h"
 
 namespace winetest {
 namespace {
@@ -213,6 +214,50 @@ TEST_F(DialogHost, KeepsTheUsersColors) {
   const uint32_t before = customColour(false);
   customColour(true);
   EXPECT_GT(customColour(false), before) << "kept although the choice was cancelled";
+}
+
+// Windows and menus of this process. Where the system does not count them, every handle is tried.
+int userObjects() {
+  const auto counted = static_cast<int>(GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS));
+  if (counted > 0) return counted;
+  int found = 0;
+  for (ULONG_PTR index = 1; index < 0x10000; ++index) {
+    found += IsWindow(reinterpret_cast<HWND>(index)) || IsMenu(reinterpret_cast<HMENU>(index));
+  }
+  return found;
+}
+
+TEST_F(DialogHost, IsLeftNothingBehindByDialogs) {
+  // The counts count.
+  const HPEN pen = CreatePen(PS_SOLID, 1, 0);
+  const HWND window =
+      CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, nullptr, nullptr);
+  const int gdiWithProbe = gdiObjects(), userWithProbe = userObjects();
+  DeleteObject(pen);
+  DestroyWindow(window);
+  ASSERT_EQ(gdiObjects(), gdiWithProbe - 1);
+  ASSERT_LT(userObjects(), userWithProbe);
+
+  makeKey(20);
+  int gdi = 0, user = 0;
+  for (int round = 0; round < 53; ++round) {
+    showOptions([](User& at, HWND options) {
+      at.click(options, IDC_CMDEDITLEGEND);
+      const HWND editor = at.dialog(kEditor);
+      at.type(part(editor, 0, ROW_FLDLOWRANGE), L"1x");
+      at.shoot(editor);
+      at.click(editor, partOf(0, ROW_LBLCOLOR));
+      at.chooseColor({});
+      at.until("the editor is back", [&] { return IsWindowEnabled(editor) != 0; });
+      at.click(editor, IDCANCEL);
+      at.untilGone(editor);
+      at.click(options, IDCANCEL);
+    });
+    // The first rounds fill the system's own stores.
+    if (round == 2) gdi = gdiObjects(), user = userObjects();
+  }
+  EXPECT_LE(gdiObjects(), gdi);
+  EXPECT_LE(userObjects(), user);
 }
 
 }  // namespace
