@@ -183,7 +183,7 @@ TEST_F(DialogPictures, OfTheEditorOnASmallScreen) {
   const struct {
     const char* name;
     int percentOfLetters, caption;
-  } rows[] = {{"letters", 400, 0}, {"frame", 100, 500}, {"both", 400, 200}};
+  } rows[] = {{"letters", 400, 0}, {"frame", 100, 400}, {"both", 400, 200}};
   for (const auto& row : rows) {
     Settings settings;
     settings.put(row.percentOfLetters, row.caption);

@@ -270,14 +270,17 @@ TEST_F(KeyEditorRows, AreMoreInAHigherWindow) {
     const int room = page(editor);
     scroll(editor, SB_BOTTOM);
     untilFirst(user, editor, std::to_string(101 - room));
-    resize(width, height + 5 * pitch(editor));
-    const int more = room + 5;
+    // As much higher as the screen has room for.
+    const RECT higher = resize(width, height + 5 * pitch(editor));
+    const int grown = higher.bottom - higher.top - height;
+    EXPECT_GT(grown, pitch(editor));
+    const int more = room + grown / pitch(editor), last = more - 1;
     EXPECT_EQ(shownIn(editor), more);
     EXPECT_EQ(first(editor), std::to_string(101 - more));
-    EXPECT_EQ(textOf(part(editor, more - 1, ROW_FLDHIGHRANGE)), "100");
+    EXPECT_EQ(textOf(part(editor, last, ROW_FLDHIGHRANGE)), "100");
     EXPECT_EQ(page(editor), more);
-    user.press(part(editor, more - 1, ROW_FLDHIGHRANGE));
-    untilFocus(user, editor, more - 1, ROW_FLDHIGHRANGE);
+    user.press(part(editor, last, ROW_FLDHIGHRANGE));
+    untilFocus(user, editor, last, ROW_FLDHIGHRANGE);
     const RECT least = resize(width + 200, 1);
     EXPECT_EQ(least.right - least.left, width) << "the width is fixed";
     EXPECT_EQ(shownIn(editor), 3);
