@@ -17,7 +17,8 @@ namespace {
 
 // By which form designers find controls, and how they may save them: one for each persistence
 // interface that the control answers.
-const GUID* const kCategories[] = {&CATID_Control, &CATID_PersistsToStreamInit};
+const GUID* const kCategories[] = {&CATID_Control, &CATID_PersistsToStreamInit,
+                                   &CATID_PersistsToPropertyBag, &CATID_PersistsToStorage};
 
 struct Value {
   std::wstring key;
