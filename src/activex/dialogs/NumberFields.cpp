@@ -69,7 +69,7 @@ void NumberFields::giveUp() {
 
 // On the way to a wrong text there may have been a number, which has been taken.
 bool NumberFields::giveUp(Held& field) {
-  if (field.wrong) field.put(field.shown);
+  if (field.wrong) field.put(field.before);
   return mark(field, false);
 }
 
@@ -81,7 +81,7 @@ void NumberFields::show(Held& field) {
     if (GetFocus() == field.edit) SendMessageW(field.edit, EM_SETSEL, 0, -1);
   }
   showing_ = before;
-  field.shown = field.value();
+  field.before = field.value();
 }
 
 bool NumberFields::allRight() {
@@ -97,6 +97,8 @@ void NumberFields::onCommand(HWND control, int event) {
   Held* const field = find(control);
   if (field == nullptr) return;
   if (event == EN_CHANGE && !showing_) onChange(*field);
+  // It may have been left and come back to before kFocusMoved arrived.
+  if (event == EN_SETFOCUS && !field->wrong) field->before = field->value();
   // Where the focus goes to is known only when it has arrived there.
   if (event == EN_KILLFOCUS) PostMessageW(GetParent(control), kFocusMoved, 0, 0);
 }

@@ -55,7 +55,7 @@ class NumberFields {
  private:
   struct Held : Field {
     bool wrong = false;
-    double shown = 0;  // the value when the box showed it last
+    double before = 0;  // the value before it was typed into
   };
   Held* find(HWND edit);
   void show(Held& field);
