@@ -86,8 +86,4 @@ float valueFraction(float value) {
   return fraction > 1.0 ? 1.0F : util::storeSingle(fraction);
 }
 
-platform::Colour CellColour(float value) {
-  return bUseKey < 0 ? KeyColour(value) : RampColour(valueFraction(value));
-}
-
 }  // namespace ModColor

@@ -17,7 +17,4 @@ platform::Colour RampColour(float t);
 // (value - ValueMin) / ValueSpan, at most 1; 0 when the span is 0.
 float valueFraction(float value);
 
-// The colour of a cell: through the key, or through the ramp.
-platform::Colour CellColour(float value);
-
 }  // namespace ModColor

@@ -14,7 +14,7 @@
 #include <string>
 #include <vector>
 
-#include "colorkey/rampColour.h"
+#include "colorkey/cellColours.h"
 #include "control/KelvaneCtl.h"
 #include "netcdf/ncf.h"
 #include "netcdf/title.h"
@@ -59,11 +59,12 @@ void dumpSection(std::ostream& out) {
 }
 
 void dumpValues(std::ostream& out) {
+  const ModColor::CellColours colourOf;
   for (int32_t c = 1; c <= section_values.ncols(); ++c) {
     for (int32_t k = 1; k <= section_values.nlevels(); ++k) {
       const float value = section_values.value(c, k);
       out << c << ' ' << k << ' ' << section_values.mark(c, k) << ' ' << bits(value) << ' '
-          << ModColor::CellColour(value) << ' ' << util::losslessText(value) << '\n';
+          << colourOf(value) << ' ' << util::losslessText(value) << '\n';
     }
   }
 }

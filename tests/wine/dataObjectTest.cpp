@@ -3,13 +3,9 @@
 #include <iterator>
 
 #include "AdviseSink.h"
-#include "Dispatch.h"
-#include "Form.h"
+#include "DrawnControl.h"
 #include "Picture.h"
-#include "control.h"
 #include "gdiObjects.h"
-#include "support/TempFolder.h"
-#include "support/sampleSets.h"
 
 namespace winetest {
 namespace {
@@ -32,34 +28,15 @@ FORMATETC content(CLIPFORMAT format, DWORD medium) {
   return {format, nullptr, DVASPECT_CONTENT, -1, medium};
 }
 
-// A control without any window, holding a drawn section, and its picture as data.
-class Data : public testing::Test {
+// The picture of a drawn control as data.
+class Data : public DrawnControl {
  protected:
-  static constexpr int kWidth = 300, kHeight = 200;
-
-  Data() {
-    support::makeTinySet(folder_.file("tiny.nc"));
-    host::setExtent(object_, kWidth, kHeight);
-    object_.call(L"NcFile", {host::wide(folder_.file("tiny.nc"))});
-    object_.call(L"NewSection");
-    object_.call(L"AddSection", {354.5, -1});
-    object_.call(L"AddSection", {354.5, 0.4});
-    object_.call(L"EndSection");
-    object_.call(L"Draw");
-    control_.as(data_);
-  }
+  Data() { control_.as(data_); }
   ~Data() override { ReleaseStgMedium(&medium_); }
 
   HRESULT get(FORMATETC format) {
     ReleaseStgMedium(&medium_);
     return data_->GetData(&format, &medium_);
-  }
-  Picture drawn() {
-    return host::takePicture(kWidth, kHeight, [&](HDC dc) {
-      const RECTL bounds = {0, 0, kWidth, kHeight};
-      control_.view()->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, dc, &bounds, nullptr,
-                            nullptr, 0);
-    });
   }
   SIZEL extent() {
     SIZEL extent = {};
@@ -67,9 +44,6 @@ class Data : public testing::Test {
     return extent;
   }
 
-  support::TempFolder folder_;
-  BareControl control_;
-  host::Object object_{control_.identity()};
   ComOwner<IDataObject> data_;
   STGMEDIUM medium_ = {};
 };
@@ -103,7 +77,7 @@ TEST_F(Data, IsTheSectionAsAnEnhancedMetafile) {
     const RECT whole = {0, 0, kWidth, kHeight};
     EXPECT_TRUE(PlayEnhMetaFile(dc, medium_.hEnhMetaFile, &whole));
   });
-  expectAlike(played, drawn());
+  expectAlike(played, plain());
 }
 
 TEST_F(Data, IsTheSectionAsAMetafilePicture) {
@@ -120,7 +94,7 @@ TEST_F(Data, IsTheSectionAsAMetafilePicture) {
     EXPECT_TRUE(PlayMetaFile(dc, picture->hMF));
   });
   GlobalUnlock(medium_.hMetaFilePict);
-  expectAlike(played, drawn());
+  expectAlike(played, plain());
 }
 
 TEST_F(Data, IsTheSectionAsABitmap) {
@@ -137,7 +111,7 @@ TEST_F(Data, IsTheSectionAsABitmap) {
     SelectObject(source, before);
     DeleteDC(source);
   });
-  EXPECT_TRUE(copied == drawn());
+  EXPECT_TRUE(copied == plain());
 }
 
 TEST_F(Data, IsTheSectionAsBytesOfABitmap) {
@@ -155,7 +129,7 @@ TEST_F(Data, IsTheSectionAsBytesOfABitmap) {
                       DIB_RGB_COLORS);
   });
   GlobalUnlock(medium_.hGlobal);
-  EXPECT_TRUE(copied == drawn());
+  EXPECT_TRUE(copied == plain());
 }
 
 TEST_F(Data, TellsEveryFormItHas) {

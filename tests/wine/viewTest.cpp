@@ -2,47 +2,14 @@
 
 #include <algorithm>
 
-#include "Dispatch.h"
-#include "Form.h"
-#include "control.h"
-#include "support/TempFolder.h"
-#include "support/sampleSets.h"
+#include "DrawnControl.h"
 
 namespace winetest {
 namespace {
 
 using host::Picture;
 
-// A control without any window, holding a drawn section.
-class View : public testing::Test {
- protected:
-  static constexpr int kWidth = 300, kHeight = 200;
-
-  View() {
-    support::makeTinySet(folder_.file("tiny.nc"));
-    host::setExtent(object_, kWidth, kHeight);
-    object_.call(L"NcFile", {host::wide(folder_.file("tiny.nc"))});
-    object_.call(L"NewSection");
-    object_.call(L"AddSection", {354.5, -1});
-    object_.call(L"AddSection", {354.5, 0.4});
-    object_.call(L"EndSection");
-    object_.call(L"Draw");
-  }
-
-  HRESULT draw(HDC dc, const RECTL& bounds, DWORD aspect = DVASPECT_CONTENT) {
-    return control_.view()->Draw(aspect, -1, nullptr, nullptr, nullptr, dc, &bounds, nullptr,
-                                 nullptr, 0);
-  }
-  Picture plain() {
-    return host::takePicture(kWidth, kHeight, [&](HDC dc) {
-      EXPECT_EQ(draw(dc, {0, 0, kWidth, kHeight}), S_OK);
-    });
-  }
-
-  support::TempFolder folder_;
-  BareControl control_;
-  host::Object object_{control_.identity()};
-};
+using View = DrawnControl;
 
 bool hasColour(const Picture& picture, uint32_t colour) {
   return std::find(picture.pixels.begin(), picture.pixels.end(), colour) != picture.pixels.end();

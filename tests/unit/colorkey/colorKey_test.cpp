@@ -4,6 +4,7 @@
 
 #include <limits>
 
+#include "colorkey/cellColours.h"
 #include "colorkey/rampColour.h"
 #include "support/sampleSets.h"
 #include "util/RuntimeError.h"
@@ -115,9 +116,9 @@ TEST_F(ColorKeyTest, ACellIsShadedThroughTheKeyOrTheRamp) {
   ModColor::AddColorKey(0, 10, 255);
   ModColor::ValueMin = 0;
   ModColor::ValueSpan = 10;
-  EXPECT_EQ(ModColor::CellColour(5), platform::rgb(122, 122, 245));
+  EXPECT_EQ(ModColor::CellColours()(5), platform::rgb(122, 122, 245));
   ModColor::UseColorKey(true);
-  EXPECT_EQ(ModColor::CellColour(5), 255);
+  EXPECT_EQ(ModColor::CellColours()(5), 255);
 }
 
 }  // namespace

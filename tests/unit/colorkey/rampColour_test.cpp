@@ -5,6 +5,7 @@
 #include <cmath>
 #include <limits>
 
+#include "colorkey/cellColours.h"
 #include "colorkey/colorKey.h"
 #include "support/sampleSets.h"
 #include "util/RuntimeError.h"
@@ -88,17 +89,17 @@ TEST_F(RampTest, TheFractionIsCappedAboveOnly) {
   EXPECT_EQ(ModColor::valueFraction(kInfinity), 1.0F);
   EXPECT_LT(ModColor::valueFraction(8), 0.0F);
   EXPECT_TRUE(std::isnan(ModColor::valueFraction(kNan)));
-  EXPECT_EQ(ModColor::CellColour(17.85F), platform::rgb(245, 0, 0));
-  EXPECT_EQ(ModColor::CellColour(9), platform::rgb(255, 255, 255));
-  EXPECT_EQ(ModColor::CellColour(8), platform::rgb(255, 255, 255));
-  EXPECT_EQ(ModColor::CellColour(kNan), platform::rgb(255, 255, 255));
+  EXPECT_EQ(ModColor::CellColours()(17.85F), platform::rgb(245, 0, 0));
+  EXPECT_EQ(ModColor::CellColours()(9), platform::rgb(255, 255, 255));
+  EXPECT_EQ(ModColor::CellColours()(8), platform::rgb(255, 255, 255));
+  EXPECT_EQ(ModColor::CellColours()(kNan), platform::rgb(255, 255, 255));
 }
 
 TEST_F(RampTest, ARangeOfNoWidthIsWhite) {
   ModColor::ValueMin = 5;
   ModColor::ValueSpan = 0;
   for (const float value : {4.0F, 5.0F, 6.0F, kNan}) {
-    EXPECT_EQ(ModColor::CellColour(value), platform::rgb(255, 255, 255)) << value;
+    EXPECT_EQ(ModColor::CellColours()(value), platform::rgb(255, 255, 255)) << value;
   }
 }
 
