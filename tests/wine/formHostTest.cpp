@@ -184,7 +184,7 @@ TEST_F(FormHost, MayDropTheControlAnyWay) {
 class FormProgram : public FormHost {
  protected:
   Outcome run(const std::wstring& arguments) {
-    return runProgram(L"\"" + programFolder() + L"\\..\\..\\kelvane-form.exe\" " + arguments,
+    return runProgram(L"\"" + programFolder() + L"\\..\\..\\kelvane-shot.exe\" " + arguments,
                       Boxes::LeftAlone);
   }
   // Width and height of a PNG, or empty.
@@ -228,11 +228,11 @@ TEST_F(FormProgram, TellsWhatIsWrong) {
     outcome = run(command + L" \"" + file("missing.nc") + L"\"" + rest);
     EXPECT_TRUE(outcome.ended);
     EXPECT_EQ(outcome.status, 1U);
-    EXPECT_EQ(outcome.output, "kelvane-form: No such file or directory\n");
+    EXPECT_EQ(outcome.output, "kelvane-shot: No such file or directory\n");
   }
   outcome = run(L"draw \"" + file("tiny.nc") + L"\" nosuch \"350,0 358,0\" 1 600x400 x.png");
   EXPECT_EQ(outcome.status, 1U);
-  EXPECT_EQ(outcome.output, "kelvane-form: [SelectVarByName] nc varable not identified\n");
+  EXPECT_EQ(outcome.output, "kelvane-shot: [SelectVarByName] nc varable not identified\n");
   // No room for the axes: the drawing says so in a box only.
   for (const std::wstring command : {L"draw", L"oledraw"}) {
     outcome = run(command + L" \"" + file("tiny.nc") + L"\" temp \"350,0 358,0\" 1 1x1 \"" +
@@ -240,7 +240,7 @@ TEST_F(FormProgram, TellsWhatIsWrong) {
     EXPECT_TRUE(outcome.ended);
     EXPECT_EQ(outcome.status, 1U);
     EXPECT_EQ(outcome.output,
-              "kelvane-form: [Cartesian] screen size out of rangepwidth, phight = -83-77\n");
+              "kelvane-shot: [Cartesian] screen size out of rangepwidth, phight = -83-77\n");
     EXPECT_EQ(pngSize("small.png"), "");
   }
   EXPECT_EQ(run(L"draw").status, 2U);

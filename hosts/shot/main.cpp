@@ -1,4 +1,4 @@
-// kelvane-form: a Windows host with the control on its form, for pictures and tests of the control
+// kelvane-shot: a Windows host with the control on its form, for pictures and tests of the control
 // as its users meet it.
 #include <windows.h>
 
@@ -19,10 +19,10 @@ namespace {
 constexpr wchar_t kProgId[] = L"Kelvane.KelvaneCtl";
 
 constexpr char kHelp[] =
-    R"(usage: kelvane-form draw    FILE VAR PATH TIME WxH OUT
-       kelvane-form resize  FILE VAR PATH TIME "WxH WxH ..." OUT
-       kelvane-form oledraw FILE VAR PATH TIME WxH OUT
-       kelvane-form --help
+    R"(usage: kelvane-shot draw    FILE VAR PATH TIME WxH OUT
+       kelvane-shot resize  FILE VAR PATH TIME "WxH WxH ..." OUT
+       kelvane-shot oledraw FILE VAR PATH TIME WxH OUT
+       kelvane-shot --help
 
 Draws a section by the registered control and writes the picture.
 
@@ -164,7 +164,7 @@ int run(const std::vector<std::wstring>& arguments) {
                       command->out);
     return 0;
   } catch (const std::exception& error) {
-    std::fprintf(stderr, "kelvane-form: %s\n", error.what());
+    std::fprintf(stderr, "kelvane-shot: %s\n", error.what());
     return 1;
   }
 }
