@@ -105,7 +105,9 @@ bool writeKeys(const RegistrationRoot& root, const LibraryDescription& described
       root.write(version, nullptr, helpTextOf(*described.library.get())) &&
       root.write(its.platformKey(), nullptr, path) &&
       root.write(version + L"\\FLAGS", nullptr, std::to_wstring(flags)) &&
-      root.write(version + L"\\HELPDIR", nullptr, path.substr(0, path.find_last_of(L"\\/")));
+      // There is no help file, and an entry common to both bitnesses has no place for the folder
+      // of one.
+      root.write(version + L"\\HELPDIR", nullptr, L"");
   for (const Interface& one : described.interfaces) {
     const std::wstring key = interfaceKey(one);
     written = written && root.write(key, nullptr, one.name) &&
