@@ -3,6 +3,9 @@
 #include <ocidl.h>
 
 #include "activex/Instance.h"
+#include "activex/ambient.h"
+#include "activex/identity.h"
+#include "activex/placeholder.h"
 
 namespace activex {
 
@@ -53,8 +56,8 @@ HRESULT Activation::activateUi() {
     if (FAILED(allowed)) return allowed;
     uiActive_ = true;
     const auto self = ComPtr<IUnknown>(&object_).as<IOleInPlaceActiveObject>();
-    if (frame_) frame_->SetActiveObject(self.get(), L"Kelvane section control");
-    if (document_) document_->SetActiveObject(self.get(), L"Kelvane section control");
+    if (frame_) frame_->SetActiveObject(self.get(), kUserType);
+    if (document_) document_->SetActiveObject(self.get(), kUserType);
     // No tool bars of ours; the host keeps its own.
     if (frame_) frame_->SetBorderSpace(nullptr);
     if (document_) document_->SetBorderSpace(nullptr);
@@ -69,6 +72,11 @@ void Activation::deactivateUi() {
   if (document_) document_->SetActiveObject(nullptr, nullptr);
   if (frame_) frame_->SetActiveObject(nullptr, nullptr);
   if (site_) site_->OnUIDeactivate(FALSE);
+}
+
+void Activation::hide() {
+  deactivateUi();
+  if (window() != nullptr) ShowWindow(window(), SW_HIDE);
 }
 
 void Activation::deactivate() {
@@ -99,6 +107,12 @@ HWND Activation::topWindow() const {
 }
 
 void Activation::onPaint(HDC dc, const RECT& part) {
+  if (instance_.showsPlaceholder()) {
+    RECT all = {};
+    GetClientRect(window(), &all);
+    drawPlaceholder(Ambient(instance_.clientSite), dc, all, all.bottom);
+    return;
+  }
   // What the picture does not reach, when there was no memory for it, is paper as well.
   if (const auto& picture = instance_.body.visible();
       part.right > picture.width() || part.bottom > picture.height()) {
@@ -110,7 +124,7 @@ void Activation::onPaint(HDC dc, const RECT& part) {
 void Activation::onSize(int width, int height) { instance_.takeSize(width, height); }
 
 void Activation::onMouseDown() {
-  if (!uiActive_) activateUi();
+  if (!uiActive_ && !Ambient(instance_.clientSite).uiDead()) activateUi();
 }
 
 void Activation::onFocus(bool got) {

@@ -20,6 +20,9 @@ class Activation final : public WindowEvents {
   // Makes the control active, and UI-active when ui is set. Needs a client site.
   HRESULT activate(bool ui);
   void deactivateUi();
+  // Takes the control out of sight and from the user's attention. It stays active: hosts keep
+  // hold of its window.
+  void hide();
   // Destroys the window and leaves the site; harmless when inactive.
   void deactivate();
   void setRects(const RECT& place, const RECT& clip);

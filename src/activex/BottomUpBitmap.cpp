@@ -4,10 +4,10 @@
 
 namespace activex {
 
-BottomUpBitmap::BottomUpBitmap(const platform::GdiPictureBox& picture) {
-  const int width = picture.width(), height = picture.height();
+BottomUpBitmap::BottomUpBitmap(int width, int height, const std::function<void(HDC)>& draw) {
+  if (width <= 0 || height <= 0) return;
   const auto size = std::int64_t{4} * width * height;
-  if (size <= 0 || size > MAXLONG) return;
+  if (size > MAXLONG) return;
   info_.bmiHeader = {sizeof(BITMAPINFOHEADER), width, height, 1, 32, BI_RGB,
                      static_cast<DWORD>(size), 0, 0, 0, 0};
   void* bits = nullptr;
@@ -15,7 +15,8 @@ BottomUpBitmap::BottomUpBitmap(const platform::GdiPictureBox& picture) {
   const platform::MemoryDc dc(CreateCompatibleDC(nullptr));
   if (!bitmap_ || !dc) return;
   const platform::Selected selected(dc.get(), bitmap_.get());
-  picture.copyTo(dc.get(), {0, 0, width, height});
+  PatBlt(dc.get(), 0, 0, width, height, WHITENESS);
+  draw(dc.get());
   GdiFlush();
   bits_ = bits;
 }

@@ -2,17 +2,18 @@
 
 #include <windows.h>
 
-#include "platform/gdi/GdiPictureBox.h"
+#include <functional>
+
 #include "platform/gdi/handles.h"
 
 namespace activex {
 
-// A copy of a picture with its rows from the bottom, 32 bits a pixel, as old metafiles and blocks
-// of bitmap bytes have them.
+// A picture with its rows from the bottom, 32 bits a pixel, as old metafiles and blocks of bitmap
+// bytes have them.
 class BottomUpBitmap {
  public:
-  // Without memory, or from an empty picture, there are no bits.
-  explicit BottomUpBitmap(const platform::GdiPictureBox& picture);
+  // White, and then what draw leaves on it. Without memory, or an area, there are no bits.
+  BottomUpBitmap(int width, int height, const std::function<void(HDC)>& draw);
 
   const BITMAPINFO& info() const { return info_; }
   // info().bmiHeader.biSizeImage bytes; null when there are none.

@@ -4,7 +4,7 @@
 #include <iterator>
 #include <vector>
 
-#include "activex/FormatEnumerator.h"
+#include "activex/Enumerator.h"
 #include "activex/Instance.h"
 #include "activex/guard.h"
 #include "activex/pictureMedia.h"
@@ -24,6 +24,17 @@ constexpr Form kForms[] = {
     {CF_METAFILEPICT, TYMED_MFPICT, renderMetafilePict},
     {CF_DIB, TYMED_HGLOBAL, renderDib},
     {CF_BITMAP, TYMED_GDI, renderBitmap},
+};
+
+struct Formats {
+  using Interface = IEnumFORMATETC;
+  using Kept = FORMATETC;
+  using Given = FORMATETC;
+  static bool give(const FORMATETC& from, FORMATETC& to) noexcept {
+    to = from;
+    return true;
+  }
+  static void takeBack(FORMATETC&) noexcept {}
 };
 
 // The form that is asked for, or why there is none.
@@ -99,7 +110,7 @@ HRESULT STDMETHODCALLTYPE DataObject::EnumFormatEtc(DWORD direction, IEnumFORMAT
     for (const Form& form : kForms) {
       all.push_back({form.format, nullptr, DVASPECT_CONTENT, -1, form.medium});
     }
-    *formats = new FormatEnumerator(std::move(all));
+    *formats = new Enumerator<Formats>(std::move(all));
     return S_OK;
   });
 }
@@ -111,27 +122,21 @@ HRESULT STDMETHODCALLTYPE DataObject::DAdvise(FORMATETC* format, DWORD flags, IA
   if (format == nullptr || sink == nullptr) return E_POINTER;
   return guarded(object(), [&] {
     const HRESULT found = isWildcard(*format) ? S_OK : check(*format);
-    if (FAILED(found)) return found;
-    if (!instance_.dataAdvise) {
-      const HRESULT made = CreateDataAdviseHolder(instance_.dataAdvise.receive());
-      if (FAILED(made)) return made;
-    }
-    return instance_.dataAdvise->Advise(this, format, flags, sink, connection);
+    if (SUCCEEDED(found)) *connection = instance_.dataSinks.add(*format, flags, *sink);
+    return found;
   });
 }
 
 HRESULT STDMETHODCALLTYPE DataObject::DUnadvise(DWORD connection) {
   return guarded(object(), [&]() -> HRESULT {
-    return instance_.dataAdvise ? instance_.dataAdvise->Unadvise(connection) : OLE_E_NOCONNECTION;
+    return instance_.dataSinks.remove(connection) ? S_OK : OLE_E_NOCONNECTION;
   });
 }
 
 HRESULT STDMETHODCALLTYPE DataObject::EnumDAdvise(IEnumSTATDATA** sinks) {
   if (sinks == nullptr) return E_POINTER;
   *sinks = nullptr;
-  return guarded(object(), [&]() -> HRESULT {
-    return instance_.dataAdvise ? instance_.dataAdvise->EnumAdvise(sinks) : S_OK;
-  });
+  return guarded(object(), [&] { return instance_.dataSinks.list(sinks); });
 }
 
 }  // namespace activex

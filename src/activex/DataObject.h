@@ -13,6 +13,7 @@ struct Instance;
 // The control's picture as data: for the clipboard, and for containers that keep a presentation
 // of what they hold. Formats: CF_ENHMETAFILE, CF_METAFILEPICT, CF_DIB and CF_BITMAP, of the
 // content aspect as a whole. A target device makes no difference. Nothing can be put in.
+// DataSinks tells which flags of DAdvise count.
 class DataObject final : public Role<IDataObject> {
  public:
   DataObject(IUnknown& object, Instance& instance) : Role(object), instance_(instance) {}

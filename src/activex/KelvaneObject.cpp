@@ -18,7 +18,7 @@ KelvaneObject::KelvaneObject()
       automation_(*this, instance_),
       supportErrorInfo_(*this),
       oleObject_(*this, instance_),
-      oleControl_(*this),
+      oleControl_(*this, instance_),
       inPlaceObject_(*this, instance_),
       inPlaceActiveObject_(*this, instance_),
       viewObject_(*this, instance_),
@@ -26,7 +26,8 @@ KelvaneObject::KelvaneObject()
       persistStreamInit_(*this, instance_),
       persistPropertyBag_(*this, instance_),
       persistStorage_(*this, instance_),
-      classInfo_(*this) {}
+      classInfo_(*this),
+      connectionPoints_(*this) {}
 
 KelvaneObject::~KelvaneObject() { instance_.activation.deactivate(); }
 
@@ -53,6 +54,7 @@ IUnknown* KelvaneObject::role(REFIID iid) {
   if (iid == IID_IPersistPropertyBag) return &persistPropertyBag_;
   if (iid == IID_IPersistStorage) return &persistStorage_;
   if (iid == IID_IProvideClassInfo || iid == IID_IProvideClassInfo2) return &classInfo_;
+  if (iid == IID_IConnectionPointContainer) return &connectionPoints_;
   return nullptr;
 }
 

@@ -4,6 +4,7 @@
 
 #include "activex/Automation.h"
 #include "activex/ClassInfo.h"
+#include "activex/ConnectionPoints.h"
 #include "activex/DataObject.h"
 #include "activex/InPlace.h"
 #include "activex/Instance.h"
@@ -49,6 +50,7 @@ class KelvaneObject final : public IUnknown {
   PersistPropertyBag persistPropertyBag_;
   PersistStorage persistStorage_;
   ClassInfo classInfo_;
+  ConnectionPoints connectionPoints_;
 };
 
 }  // namespace activex

@@ -4,14 +4,17 @@
 
 #include <ocidl.h>
 
+#include "activex/Instance.h"
 #include "activex/Role.h"
+#include "activex/guard.h"
 
 namespace activex {
 
-// The control has no accelerators, takes no ambient properties, and has no events to freeze.
+// What makes an embedded object a control: it heeds its surroundings. It has no keys of its own,
+// and no events to freeze, however often that is asked for.
 class OleControl final : public Role<IOleControl> {
  public:
-  using Role::Role;
+  OleControl(IUnknown& object, Instance& instance) : Role(object), instance_(instance) {}
 
   HRESULT STDMETHODCALLTYPE GetControlInfo(CONTROLINFO* info) override {
     if (info == nullptr) return E_POINTER;
@@ -19,8 +22,18 @@ class OleControl final : public Role<IOleControl> {
     return S_OK;
   }
   HRESULT STDMETHODCALLTYPE OnMnemonic(MSG*) override { return S_OK; }
-  HRESULT STDMETHODCALLTYPE OnAmbientPropertyChange(DISPID) override { return S_OK; }
+  // Only what stands for the picture in a form's design has to do with the surroundings; it is
+  // drawn anew. The properties themselves are asked for whenever they are needed.
+  HRESULT STDMETHODCALLTYPE OnAmbientPropertyChange(DISPID) override {
+    return guarded(object(), [&] {
+      if (!instance_.drawn) instance_.viewChanged();
+      return S_OK;
+    });
+  }
   HRESULT STDMETHODCALLTYPE FreezeEvents(BOOL) override { return S_OK; }
+
+ private:
+  Instance& instance_;
 };
 
 }  // namespace activex

@@ -24,7 +24,7 @@ HRESULT STDMETHODCALLTYPE PersistPropertyBag::Save(IPropertyBag* bag, WINBOOL cl
   if (bag == nullptr) return E_POINTER;
   return guarded(object(), [&] {
     const HRESULT saved = SavedState::save(instance_, *bag);
-    if (SUCCEEDED(saved) && clearDirty) instance_.dirty = false;
+    if (SUCCEEDED(saved) && clearDirty) instance_.saved();
     return saved;
   });
 }

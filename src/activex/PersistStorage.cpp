@@ -64,10 +64,7 @@ HRESULT STDMETHODCALLTYPE PersistStorage::SaveCompleted(IStorage* storage) {
     const bool kept = savedOwn_ || (storage != nullptr && state_ == State::NoScribble);
     state_ = State::Normal;
     savedOwn_ = false;
-    if (kept) {
-      instance_.dirty = false;
-      if (instance_.oleAdvise) instance_.oleAdvise->SendOnSave();
-    }
+    if (kept) instance_.saved();
     return S_OK;
   });
 }

@@ -22,7 +22,7 @@ HRESULT STDMETHODCALLTYPE PersistStreamInit::Save(IStream* stream, BOOL clearDir
   if (stream == nullptr) return E_POINTER;
   return guarded(object(), [&] {
     const HRESULT saved = SavedState::save(instance_, *stream);
-    if (SUCCEEDED(saved) && clearDirty) instance_.dirty = false;
+    if (SUCCEEDED(saved) && clearDirty) instance_.saved();
     return saved;
   });
 }

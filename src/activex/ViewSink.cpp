@@ -3,10 +3,10 @@
 namespace activex {
 
 void ViewSink::set(DWORD aspects, DWORD flags, IAdviseSink* sink) {
-  aspects_ = aspects;
-  flags_ = flags;
+  aspects_ = sink != nullptr ? aspects : 0;
+  flags_ = sink != nullptr ? flags : 0;
   sink_ = ComPtr<IAdviseSink>(sink);
-  if ((flags & ADVF_PRIMEFIRST) != 0) changed();
+  if ((flags_ & ADVF_PRIMEFIRST) != 0) changed();
 }
 
 void ViewSink::get(DWORD* aspects, DWORD* flags, IAdviseSink** sink) const {
@@ -16,9 +16,10 @@ void ViewSink::get(DWORD* aspects, DWORD* flags, IAdviseSink** sink) const {
 }
 
 void ViewSink::changed() {
-  if (!sink_ || (aspects_ & DVASPECT_CONTENT) == 0) return;
+  if (!sink_) return;
   const ComPtr<IAdviseSink> sink = sink_;
-  if ((flags_ & ADVF_ONLYONCE) != 0) sink_.reset();
+  // First, since what the sink does now may change the picture again.
+  if ((flags_ & ADVF_ONLYONCE) != 0) set(0, 0, nullptr);
   sink->OnViewChange(DVASPECT_CONTENT, -1);
 }
 

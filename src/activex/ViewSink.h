@@ -8,7 +8,8 @@
 
 namespace activex {
 
-// Who wants to hear that the picture has changed.
+// Who wants to hear that the picture has changed: one at most, for the content aspect. Flags:
+// ADVF_PRIMEFIRST tells at once, ADVF_ONLYONCE the first time only; others make no difference.
 class ViewSink {
  public:
   void set(DWORD aspects, DWORD flags, IAdviseSink* sink);

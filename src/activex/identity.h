@@ -8,6 +8,8 @@
 namespace activex {
 
 inline constexpr wchar_t kUserType[] = L"Kelvane section control";
+inline constexpr wchar_t kShortUserType[] = L"Section";  // at most 15 letters
+inline constexpr wchar_t kApplication[] = L"Kelvane";
 inline constexpr wchar_t kProgId[] = L"Kelvane.KelvaneCtl";
 inline constexpr wchar_t kVersionedProgId[] = L"Kelvane.KelvaneCtl.1";
 inline constexpr wchar_t kVersion[] = L"1.0";

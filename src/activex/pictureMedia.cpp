@@ -84,7 +84,7 @@ HRESULT renderEnhMetafile(Instance& instance, STGMEDIUM& medium) {
   SetWindowExtEx(recorder, area.right, area.bottom, nullptr);
   SetViewportExtEx(recorder, deviceUnits(extent.cx, recorder, HORZRES, HORZSIZE),
                    deviceUnits(extent.cy, recorder, VERTRES, VERTSIZE), nullptr);
-  const bool drawn = drawPicture(instance.body, recorder, area);
+  const bool drawn = drawPicture(instance, recorder, area);
   const HENHMETAFILE metafile = CloseEnhMetaFile(recorder);
   if (metafile == nullptr) return E_OUTOFMEMORY;
   if (!drawn) {
@@ -106,7 +106,7 @@ HRESULT renderMetafilePict(Instance& instance, STGMEDIUM& medium) {
   SetMapMode(recorder, MM_ANISOTROPIC);
   SetWindowOrgEx(recorder, 0, 0, nullptr);
   SetWindowExtEx(recorder, area.right, area.bottom, nullptr);
-  const bool drawn = drawPicture(instance.body, recorder, area);
+  const bool drawn = drawPicture(instance, recorder, area);
   const HMETAFILE metafile = CloseMetaFile(recorder);
   if (metafile == nullptr) return E_OUTOFMEMORY;
   const bool filled = drawn && block.fill([&](void* bytes) {
@@ -129,7 +129,7 @@ HRESULT renderBitmap(Instance& instance, STGMEDIUM& medium) {
   const platform::MemoryDc dc(CreateCompatibleDC(screen.get()));
   if (!bitmap || !dc) return E_OUTOFMEMORY;
   const HGDIOBJ before = SelectObject(dc.get(), bitmap.get());
-  const bool drawn = drawPicture(instance.body, dc.get(), area);
+  const bool drawn = drawPicture(instance, dc.get(), area);
   SelectObject(dc.get(), before);
   if (!drawn) return E_OUTOFMEMORY;
   medium.tymed = TYMED_GDI;
@@ -140,8 +140,10 @@ HRESULT renderBitmap(Instance& instance, STGMEDIUM& medium) {
 HRESULT renderDib(Instance& instance, STGMEDIUM& medium) {
   const RECT area = pictureArea(instance);
   if (IsRectEmpty(&area)) return OLE_E_BLANK;
-  const BottomUpBitmap copy(instance.body.visible());
-  if (copy.bits() == nullptr) return E_OUTOFMEMORY;
+  bool drawn = false;
+  const BottomUpBitmap copy(area.right, area.bottom,
+                            [&](HDC dc) { drawn = drawPicture(instance, dc, area); });
+  if (copy.bits() == nullptr || !drawn) return E_OUTOFMEMORY;
   const BITMAPINFOHEADER& header = copy.info().bmiHeader;
   GlobalBlock block(sizeof header + header.biSizeImage);
   const bool filled = block.fill([&](void* bytes) {
