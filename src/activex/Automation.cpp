@@ -91,9 +91,10 @@ HRESULT STDMETHODCALLTYPE Automation::AddSection(float X, float y) {
   return action(object(), instance_, [&] { instance_.body.members().AddSection(X, y); });
 }
 
-HRESULT STDMETHODCALLTYPE Automation::AddColorKey(float vLow, float vHig, LONG col) {
-  return action(object(), instance_,
-                [&] { instance_.body.members().AddColorKey(vLow, vHig, col); });
+HRESULT STDMETHODCALLTYPE Automation::AddColorKey(float vLow, float vHig, OLE_COLOR col) {
+  return action(object(), instance_, [&] {
+    instance_.body.members().AddColorKey(vLow, vHig, static_cast<int32_t>(col));
+  });
 }
 
 HRESULT STDMETHODCALLTYPE Automation::NewColorKey() {

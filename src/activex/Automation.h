@@ -29,7 +29,7 @@ class Automation final : public Role<_KelvaneCtl> {
   HRESULT STDMETHODCALLTYPE KewFile(BSTR filename, VARIANT* result) override;
   HRESULT STDMETHODCALLTYPE NewSection() override;
   HRESULT STDMETHODCALLTYPE AddSection(float X, float y) override;
-  HRESULT STDMETHODCALLTYPE AddColorKey(float vLow, float vHig, LONG col) override;
+  HRESULT STDMETHODCALLTYPE AddColorKey(float vLow, float vHig, OLE_COLOR col) override;
   HRESULT STDMETHODCALLTYPE NewColorKey() override;
   HRESULT STDMETHODCALLTYPE EndSection(VARIANT* result) override;
   HRESULT STDMETHODCALLTYPE SetVarByName(BSTR vName, VARIANT* result) override;

@@ -19,12 +19,38 @@ std::string idText(REFGUID id) {
   return host::narrow(text);
 }
 
+std::string taken(BSTR text) {
+  const std::string narrow = text != nullptr ? host::narrow(text) : "?";
+  SysFreeString(text);
+  return narrow;
+}
+
 std::string nameOf(ITypeInfo& info, MEMBERID member) {
   BSTR name = nullptr;
   info.GetDocumentation(member, &name, nullptr, nullptr, nullptr);
-  const std::wstring text = name != nullptr ? std::wstring(name) : L"?";
-  SysFreeString(name);
-  return host::narrow(text);
+  return taken(name);
+}
+
+std::string helpOf(ITypeInfo& info, MEMBERID member) {
+  BSTR help = nullptr;
+  info.GetDocumentation(member, nullptr, &help, nullptr, nullptr);
+  return taken(help);
+}
+
+// A type that another one builds on, and the library that it comes from.
+std::string baseText(ITypeInfo& info, HREFTYPE reference) {
+  ComOwner<ITypeInfo> named;
+  ComOwner<ITypeLib> home;
+  UINT index = 0;
+  TLIBATTR* library = nullptr;
+  if (FAILED(info.GetRefTypeInfo(reference, named.receive())) ||
+      FAILED(named->GetContainingTypeLib(home.receive(), &index)) ||
+      FAILED(home->GetLibAttr(&library))) {
+    return "a type that cannot be read";
+  }
+  const std::string text = nameOf(*named.get(), MEMBERID_NIL) + " of " + idText(library->guid);
+  home->ReleaseTLibAttr(library);
+  return text;
 }
 
 std::string typeText(ITypeInfo& info, const TYPEDESC& type) {
@@ -33,6 +59,11 @@ std::string typeText(ITypeInfo& info, const TYPEDESC& type) {
       {VT_BOOL, "VARIANT_BOOL"}, {VT_I2, "short"}, {VT_I4, "long"}, {VT_R4, "float"},
       {VT_R8, "double"}};
   if (type.vt == VT_PTR) return typeText(info, *type.lptdesc) + "*";
+  if (type.vt == VT_USERDEFINED) {
+    ComOwner<ITypeInfo> named;
+    host::require(info.GetRefTypeInfo(type.hreftype, named.receive()), "a type with a name");
+    return nameOf(*named.get(), MEMBERID_NIL);
+  }
   const auto known = names.find(type.vt);
   return known != names.end() ? known->second : "vt " + std::to_string(type.vt);
 }
@@ -44,6 +75,12 @@ std::string callText(INVOKEKIND kind) {
     case INVOKE_PROPERTYPUT: return "put";
     default: return "putref";
   }
+}
+
+// What is unusual about a parameter: neither a plain argument nor the result.
+std::string parameterText(USHORT flags) {
+  if (flags == (PARAMFLAG_FOUT | PARAMFLAG_FRETVAL)) return "retval ";
+  return flags == PARAMFLAG_FIN ? "" : "flags " + std::to_string(flags) + " ";
 }
 
 std::string functionText(ITypeInfo& info, UINT index) {
@@ -64,14 +101,20 @@ std::string functionText(ITypeInfo& info, UINT index) {
     const ELEMDESC& parameter = function->lprgelemdescParam[i];
     const auto at = static_cast<UINT>(i) + 1;
     if (i > 0) text += ", ";
-    if ((parameter.paramdesc.wParamFlags & PARAMFLAG_FRETVAL) != 0) text += "retval ";
+    text += parameterText(parameter.paramdesc.wParamFlags);
     text += typeText(info, parameter.tdesc);
     if (at < count) text += " " + host::narrow(names[at]);
   }
   text += ") at " + std::to_string(static_cast<UINT>(function->oVft) / sizeof(void*));
+  if (function->wFuncFlags != 0) text += " flags " + std::to_string(function->wFuncFlags);
+  text += "\n";
+  // The two halves of a property have one text, and so have both views of a function.
+  if (function->funckind == FUNC_DISPATCH && function->invkind != INVOKE_PROPERTYPUT) {
+    text += "    " + helpOf(info, function->memid) + "\n";
+  }
   for (const BSTR name : names) SysFreeString(name);
   info.ReleaseFuncDesc(function);
-  return text + "\n";
+  return text;
 }
 
 std::string typeInfoText(ITypeInfo& info, const char* view) {
@@ -82,25 +125,14 @@ std::string typeInfoText(ITypeInfo& info, const char* view) {
   const auto kind = kinds.find(attributes->typekind);
   std::string text = (kind != kinds.end() ? kind->second : "kind ?") + view + " " +
                      nameOf(info, MEMBERID_NIL) + " " + idText(attributes->guid) + " flags " +
-                     std::to_string(attributes->wTypeFlags) + "\n";
+                     std::to_string(attributes->wTypeFlags) + "\n  " +
+                     helpOf(info, MEMBERID_NIL) + "\n";
   for (UINT i = 0; i < attributes->cImplTypes; ++i) {
     HREFTYPE reference = 0;
     INT flags = 0;
-    ComOwner<ITypeInfo> base;
-    ComOwner<ITypeLib> home;
-    UINT index = 0;
-    TLIBATTR* library = nullptr;
-    if (FAILED(info.GetRefTypeOfImplType(i, &reference)) ||
-        FAILED(info.GetRefTypeInfo(reference, base.receive())) ||
-        FAILED(base->GetContainingTypeLib(home.receive(), &index)) ||
-        FAILED(home->GetLibAttr(&library))) {
-      text += "  a base that cannot be read\n";
-      continue;
-    }
+    info.GetRefTypeOfImplType(i, &reference);
     info.GetImplTypeFlags(i, &flags);
-    text += "  has " + nameOf(*base.get(), MEMBERID_NIL) + " of " + idText(library->guid) +
-            " flags " + std::to_string(flags) + "\n";
-    home->ReleaseTLibAttr(library);
+    text += "  has " + baseText(info, reference) + " flags " + std::to_string(flags) + "\n";
   }
   for (UINT i = 0; i < attributes->cFuncs; ++i) text += functionText(info, i);
   info.ReleaseTypeAttr(attributes);
@@ -112,13 +144,13 @@ std::string typeInfoText(ITypeInfo& info, const char* view) {
 std::string describeTypes(ITypeLib& library) {
   TLIBATTR* attributes = nullptr;
   host::require(library.GetLibAttr(&attributes), "the library");
-  BSTR name = nullptr;
-  library.GetDocumentation(-1, &name, nullptr, nullptr, nullptr);
-  std::string text = "library " + host::narrow(name) + " " + idText(attributes->guid) + " " +
+  BSTR name = nullptr, help = nullptr;
+  library.GetDocumentation(-1, &name, &help, nullptr, nullptr);
+  std::string text = "library " + taken(name) + " " + idText(attributes->guid) + " " +
                      std::to_string(attributes->wMajorVerNum) + "." +
                      std::to_string(attributes->wMinorVerNum) + " flags " +
-                     std::to_string(attributes->wLibFlags & LIBFLAG_FCONTROL) + "\n";
-  SysFreeString(name);
+                     std::to_string(attributes->wLibFlags & LIBFLAG_FCONTROL) + "\n  " +
+                     taken(help) + "\n";
   library.ReleaseTLibAttr(attributes);
   for (UINT i = 0; i < library.GetTypeInfoCount(); ++i) {
     ComOwner<ITypeInfo> info, direct;
