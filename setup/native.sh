@@ -13,6 +13,8 @@ NATIVE_PACKAGES=(
   dpkg-dev g++-mingw-w64-i686-posix mingw-w64-tools patchelf xz-utils
   # Real data and its tools, and locales with other decimal separators, for the tests
   ferret-datasets locales netcdf-bin python3
+  # The packages: installers, and pages from Markdown
+  msitools python3-markdown wixl
 )
 
 missing_packages() {
