@@ -35,9 +35,11 @@ def arguments():
     parser = argparse.ArgumentParser()
     parser.add_argument('--packages', type=Path, required=True)
     parser.add_argument('--native', type=Path, required=True)
-    parser.add_argument('--build', type=Path, required=True)
-    parser.add_argument('--architecture', choices=TEMPLATES, required=True)
-    return parser.parse_args()
+    parser.add_argument('builds', nargs='+', metavar='ARCHITECTURE=BUILD',
+                        help='the Windows builds; the first is the one that is looked at')
+    options = parser.parse_args()
+    options.builds = dict(build.split('=') for build in options.builds)
+    return options
 
 
 class PackagesTest(unittest.TestCase):
@@ -45,7 +47,8 @@ class PackagesTest(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
         cls.options = arguments()
-        cls.architecture = cls.options.architecture
+        cls.architecture, build = next(iter(cls.options.builds.items()))
+        cls.build = Path(build)
         cls.wide = cls.architecture == 'x64'
         cls.installer = cls.options.packages / f'Kelvane-{VERSION}-{cls.architecture}.msi'
         cls.zip = cls.options.packages / f'Kelvane-{VERSION}-windows.zip'
@@ -78,7 +81,7 @@ class PackagesTest(unittest.TestCase):
         self.assertEqual(sorted(extracted), sorted(self.zip_files()))
         self.assertEqual(extracted, self.zip_files())
         for program in ('KelvaneCtl.ocx', 'KelvaneHost.exe'):
-            self.assertEqual(extracted[program], (self.options.build / program).read_bytes())
+            self.assertEqual(extracted[program], (self.build / program).read_bytes())
 
     def test_components_have_identifiers_of_their_own(self):
         components = self.table('Component')
@@ -190,26 +193,32 @@ class PackagesTest(unittest.TestCase):
     def test_checksums_are_those_of_the_files(self):
         lines = (self.options.packages / 'SHA256SUMS').read_text().splitlines()
         told = dict(reversed(line.split('  ')) for line in lines)
-        for path in (self.installer, self.zip, self.tar):
+        installers = [self.options.packages / f'Kelvane-{VERSION}-{architecture}.msi'
+                      for architecture in self.options.builds]
+        for path in (*installers, self.zip, self.tar):
             self.assertEqual(told.pop(path.name), hashlib.sha256(path.read_bytes()).hexdigest())
         self.assertEqual(told, {})
 
     def test_same_builds_make_the_same_packages(self):
-        build = self.scratch / 'elsewhere'
-        build.mkdir()
-        for name in ('KelvaneCtl.manifest', 'KelvaneCtl.ocx', 'KelvaneHost.exe'):
-            shutil.copyfile(self.options.build / name, build / name)  # with today's time
+        builds, made = [], [self.zip, self.tar]
+        for architecture, build in self.options.builds.items():
+            copy = self.scratch / architecture
+            copy.mkdir()
+            for name in ('KelvaneCtl.manifest', 'KelvaneCtl.ocx', 'KelvaneHost.exe'):
+                shutil.copyfile(Path(build) / name, copy / name)  # with today's time
+            builds.append(f'--{architecture}={copy}')
+            made.append(self.options.packages / f'Kelvane-{VERSION}-{architecture}.msi')
         out = self.scratch / 'out'
         environment = dict(os.environ, SOURCE_DATE_EPOCH=str(EPOCH), TZ='Asia/Kathmandu',
                            LC_ALL='C', TMPDIR=str(self.scratch))
         subprocess.run([ROOT / 'packaging/make_packages.py', '--native', self.options.native,
-                        f'--{self.architecture}', build, out], check=True, env=environment,
-                       umask=0o077, stdout=subprocess.DEVNULL)
-        names = [path.name for path in (self.installer, self.zip, self.tar)] + ['SHA256SUMS']
+                        *builds, out], check=True, env=environment, umask=0o077,
+                       stdout=subprocess.DEVNULL)
+        names = [path.name for path in made] + ['SHA256SUMS']
         self.assertEqual(sorted(path.name for path in out.iterdir()), sorted(names))
         for name in names:
-            self.assertEqual((out / name).read_bytes(),
-                             (self.options.packages / name).read_bytes(), name)
+            self.assertTrue((out / name).read_bytes() ==
+                            (self.options.packages / name).read_bytes(), name)
 
 
 if __name__ == '__main__':
