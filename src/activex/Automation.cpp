@@ -35,10 +35,13 @@ void give(VARIANT* place, int32_t number) {
 
 VARIANT_BOOL flagOf(bool value) { return value ? VARIANT_TRUE : VARIANT_FALSE; }
 
-// What every member has around it. A run-time error becomes the host's.
+// What every member has around it: the shared records to itself, if another thread has them. A
+// run-time error becomes the host's.
 template <class Member>
 HRESULT inquiry(IUnknown& object, Member&& member) {
   return guarded(object, [&] {
+    const StateLock state;
+    if (!state.taken()) return busyError();
     try {
       return member();
     } catch (...) {
@@ -53,7 +56,7 @@ HRESULT action(IUnknown& object, Instance& instance, Member&& member) {
   return inquiry(object, [&] {
     instance.body.applySize();
     const MemberCall call;
-    if (!call.entered()) return RPC_E_CALL_REJECTED;
+    if (!call.entered()) return busyError();
     member();
     return S_OK;
   });

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include "activex/ComPtr.h"
+#include "activex/MemberTable.h"
 #include "activex/Role.h"
 #include "activex/guids.h"
 
@@ -11,7 +12,8 @@ namespace activex {
 struct Instance;
 
 // The members for hosts that bind early (the functions of _KelvaneCtl) and late (Invoke, which
-// goes through the type description to the same functions). Each forwards to the control.
+// goes through a table of the described members to the same functions). Each forwards to the
+// control.
 class Automation final : public Role<_KelvaneCtl> {
  public:
   Automation(IUnknown& object, Instance& instance) : Role(object), instance_(instance) {}
@@ -51,9 +53,11 @@ class Automation final : public Role<_KelvaneCtl> {
 
  private:
   HRESULT typeInfo(ITypeInfo*& info);
+  HRESULT readTable();
 
   Instance& instance_;
   ComPtr<ITypeInfo> typeInfo_;
+  MemberTable table_;
 };
 
 }  // namespace activex

@@ -3,14 +3,16 @@
 #include <algorithm>
 
 #include "activex/ComPtr.h"
+#include "activex/ControlWindow.h"
 #include "activex/MemberCall.h"
 #include "util/lastError.h"
 
 namespace activex {
 
 Body::Body(IUnknown& object, platform::Desktop& desktop, control::Dialogs& dialogs,
-           std::function<void()> shown)
+           std::function<void()> shown, std::function<HWND()> window)
     : object_(object),
+      window_(std::move(window)),
       Picture1_(std::move(shown)),
       members_({Picture1_, picDateTime_, picSection_, picContours_}, desktop, dialogs) {
   MemberCall::add(*this);
@@ -28,6 +30,10 @@ void Body::resizeLater(int32_t width, int32_t height) {
   wantedHeight_ = std::max(height, 0);
 }
 
+void Body::wake() const {
+  if (const HWND window = waitingWindow_) PostMessageW(window, askForSizeMessage(), 0, 0);
+}
+
 void Body::applySize() noexcept {
   if (width_ == wantedWidth_ && height_ == wantedHeight_) {
     sizeWaits_ = false;
@@ -35,8 +41,12 @@ void Body::applySize() noexcept {
   }
   const KeptAlive alive(object_);
   const MemberCall call;
-  sizeWaits_ = !call.entered();
-  if (sizeWaits_) return;
+  if (!call.entered()) {
+    waitingWindow_ = window_();
+    sizeWaits_ = true;
+    return;
+  }
+  sizeWaits_ = false;
   width_ = wantedWidth_;
   height_ = wantedHeight_;
   try {

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <atomic>
 #include <cstdint>
 #include <functional>
 
@@ -13,9 +14,10 @@ namespace activex {
 // The control itself: its pictures and its members.
 class Body {
  public:
-  // shown is called when the visible picture has changed.
+  // shown is called when the visible picture has changed; window tells the window that shows it,
+  // null when there is none.
   Body(IUnknown& object, platform::Desktop& desktop, control::Dialogs& dialogs,
-       std::function<void()> shown);
+       std::function<void()> shown, std::function<HWND()> window);
   ~Body();
   Body(const Body&) = delete;
   Body& operator=(const Body&) = delete;
@@ -32,15 +34,22 @@ class Body {
   // Takes the size that was last given. While a member runs it is put off, and then waits for
   // the member's end.
   void applySize() noexcept;
+
+  // For any thread: whether a size waits; has the window ask for it again.
   bool sizeWaits() const { return sizeWaits_; }
+  void wake() const;
+  bool ofThisThread() const { return thread_ == GetCurrentThreadId(); }
 
  private:
   IUnknown& object_;
+  const std::function<HWND()> window_;
+  const DWORD thread_ = GetCurrentThreadId();
   platform::GdiPictureBox Picture1_, picDateTime_, picSection_, picContours_;
   control::KelvaneCtl members_;
   int32_t width_ = 0, height_ = 0;
   int32_t wantedWidth_ = 0, wantedHeight_ = 0;
-  bool sizeWaits_ = false;
+  std::atomic<bool> sizeWaits_ = false;
+  std::atomic<HWND> waitingWindow_ = nullptr;
 };
 
 }  // namespace activex

@@ -7,8 +7,14 @@ namespace activex {
 namespace {
 
 constexpr wchar_t kClassName[] = L"KelvaneCtlWindow";
+constexpr int kAttempts = 10;
 
 }  // namespace
+
+UINT askForSizeMessage() {
+  static const UINT message = RegisterWindowMessageW(L"KelvaneCtlAskForSize");
+  return message;
+}
 
 bool ControlWindow::create(HWND parent, const RECT& place) {
   WNDCLASSEXW windowClass = {};
@@ -18,10 +24,14 @@ bool ControlWindow::create(HWND parent, const RECT& place) {
   windowClass.hInstance = moduleHandle();
   windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
   windowClass.lpszClassName = kClassName;
-  RegisterClassExW(&windowClass);  // refused when another control has done it: just as good
-  CreateWindowExW(0, kClassName, L"", WS_CHILD | WS_CLIPSIBLINGS | WS_VISIBLE, place.left,
-                  place.top, place.right - place.left, place.bottom - place.top, parent, nullptr,
-                  moduleHandle(), this);
+  // Another thread may take the class away, with its last window, before there is one here.
+  for (int attempt = 0; attempt < kAttempts; ++attempt) {
+    RegisterClassExW(&windowClass);  // refused when another control has done it: just as good
+    CreateWindowExW(0, kClassName, L"", WS_CHILD | WS_CLIPSIBLINGS | WS_VISIBLE, place.left,
+                    place.top, place.right - place.left, place.bottom - place.top, parent,
+                    nullptr, moduleHandle(), this);
+    if (window_ != nullptr || GetLastError() != ERROR_CANNOT_FIND_WND_CLASS) break;
+  }
   return window_ != nullptr;
 }
 
@@ -80,6 +90,12 @@ LRESULT CALLBACK ControlWindow::procedure(HWND window, UINT message, WPARAM wide
 }
 
 LRESULT ControlWindow::handle(UINT message, WPARAM wide, LPARAM longer) {
+  if (message == askForSizeMessage()) {
+    RECT all = {};
+    GetClientRect(window_, &all);
+    events_.onSize(all.right, all.bottom);
+    return 0;
+  }
   switch (message) {
     case WM_ERASEBKGND:
       return 1;  // the picture covers everything

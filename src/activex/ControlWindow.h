@@ -16,6 +16,9 @@ class WindowEvents {
   ~WindowEvents() = default;
 };
 
+// Posted to a control's window from any thread, it has onSize called with the size as it is.
+UINT askForSizeMessage();
+
 // The control's child window in its host, while it is active.
 class ControlWindow {
  public:

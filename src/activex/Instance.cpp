@@ -17,10 +17,13 @@ Instance::Instance(IUnknown& object)
       activation(object, *this),
       desktop(activation),
       dialogs(activation),
-      body(object, desktop, dialogs, [this] {
-        drawn = drawn || !KelvaneMain::section_values.empty();
-        viewChanged();
-      }) {
+      body(
+          object, desktop, dialogs,
+          [this] {
+            drawn = drawn || !KelvaneMain::section_values.empty();
+            viewChanged();
+          },
+          [this] { return activation.window(); }) {
   takeSize(kWidth, kHeight);
 }
 

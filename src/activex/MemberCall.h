@@ -1,5 +1,7 @@
 #pragma once
 
+#include "activex/StateLock.h"
+
 namespace activex {
 
 class Body;
@@ -22,6 +24,7 @@ class MemberCall {
   static void remove(Body& body);
 
  private:
+  StateLock state_;
   bool entered_;
 };
 

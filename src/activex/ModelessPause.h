@@ -5,6 +5,7 @@
 #include <ole2.h>
 
 #include "activex/ComPtr.h"
+#include "activex/StateLock.h"
 
 namespace activex {
 
@@ -23,6 +24,7 @@ class ModelessPause {
  private:
   // A reference of its own: the control may leave the frame while the window is up.
   const ComPtr<IOleInPlaceFrame> frame_;
+  const ModalWindow modal_;
 };
 
 }  // namespace activex

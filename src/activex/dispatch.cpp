@@ -1,46 +1,17 @@
 #include "activex/Automation.h"
 
+#include <algorithm>
+
+#include "activex/Call.h"
 #include "activex/guard.h"
+#include "activex/hostError.h"
 #include "activex/typeLibrary.h"
 
+// Calls by name and number. Everything between a host's arguments and the member is done here and
+// not left to the type description's own Invoke, of which systems have different ones: they do
+// not agree on surplus arguments, on colours above the largest positive number, on names of the
+// inherited functions, nor on languages.
 namespace activex {
-namespace {
-
-// Whether a function answers to a call with these flags.
-bool answers(const FUNCDESC& function, DISPID id, WORD flags) {
-  return function.memid == id && (static_cast<WORD>(function.invkind) & flags) != 0;
-}
-
-// How many arguments a caller may give; the result is described as a parameter too.
-UINT argumentCount(const FUNCDESC& function) {
-  UINT count = 0;
-  for (SHORT i = 0; i < function.cParams; ++i) {
-    if ((function.lprgelemdescParam[i].paramdesc.wParamFlags & PARAMFLAG_FRETVAL) == 0) ++count;
-  }
-  return count;
-}
-
-// A call with more arguments than the member takes is refused. The type description's own
-// Invoke drops the surplus on some systems.
-HRESULT checkArgumentCount(ITypeInfo& info, DISPID id, WORD flags, UINT given) {
-  TYPEATTR* attributes = nullptr;
-  if (FAILED(info.GetTypeAttr(&attributes))) return S_OK;
-  const UINT functions = attributes->cFuncs;
-  info.ReleaseTypeAttr(attributes);
-  bool known = false, fits = false;
-  for (UINT i = 0; i < functions; ++i) {
-    FUNCDESC* function = nullptr;
-    if (FAILED(info.GetFuncDesc(i, &function))) continue;
-    if (answers(*function, id, flags)) {
-      known = true;
-      fits = fits || given <= argumentCount(*function);
-    }
-    info.ReleaseFuncDesc(function);
-  }
-  return known && !fits ? DISP_E_BADPARAMCOUNT : S_OK;
-}
-
-}  // namespace
 
 HRESULT Automation::typeInfo(ITypeInfo*& info) {
   if (!typeInfo_) {
@@ -49,6 +20,13 @@ HRESULT Automation::typeInfo(ITypeInfo*& info) {
   }
   info = typeInfo_.get();
   return S_OK;
+}
+
+HRESULT Automation::readTable() {
+  if (!table_.empty()) return S_OK;
+  ITypeInfo* info = nullptr;
+  const HRESULT loaded = typeInfo(info);
+  return FAILED(loaded) ? loaded : table_.read(*info);
 }
 
 HRESULT STDMETHODCALLTYPE Automation::GetTypeInfoCount(UINT* count) {
@@ -69,33 +47,61 @@ HRESULT STDMETHODCALLTYPE Automation::GetTypeInfo(UINT index, LCID, ITypeInfo** 
   });
 }
 
+// The first name is a member's, the others are its parameters'.
 HRESULT STDMETHODCALLTYPE Automation::GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID,
                                                     DISPID* ids) {
   if (names == nullptr || ids == nullptr) return E_POINTER;
   if (iid != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
-  return guarded(object(), [&] {
-    ITypeInfo* info = nullptr;
-    const HRESULT loaded = typeInfo(info);
-    return FAILED(loaded) ? loaded : info->GetIDsOfNames(names, count, ids);
+  if (count == 0) return E_INVALIDARG;
+  std::fill(ids, ids + count, DISPID_UNKNOWN);
+  if (std::find(names, names + count, nullptr) != names + count) return E_INVALIDARG;
+  return guarded(object(), [&]() -> HRESULT {
+    const HRESULT read = readTable();
+    if (FAILED(read)) return read;
+    const Member* const member = table_.find(names[0]);
+    if (member == nullptr) return DISP_E_UNKNOWNNAME;
+    ids[0] = member->id;
+    HRESULT result = S_OK;
+    const auto& parameters = member->parameters;
+    for (UINT i = 1; i < count; ++i) {
+      const auto found =
+          std::find_if(parameters.begin(), parameters.end(), [&](const auto& parameter) {
+            return sameName(parameter.name, names[i]);
+          });
+      if (found == parameters.end()) {
+        result = DISP_E_UNKNOWNNAME;
+      } else {
+        ids[i] = static_cast<DISPID>(found - parameters.begin());
+      }
+    }
+    return result;
   });
 }
 
-HRESULT STDMETHODCALLTYPE Automation::Invoke(DISPID id, REFIID iid, LCID, WORD flags,
+HRESULT STDMETHODCALLTYPE Automation::Invoke(DISPID id, REFIID iid, LCID language, WORD flags,
                                              DISPPARAMS* parameters, VARIANT* result,
                                              EXCEPINFO* exception, UINT* argument) {
   if (iid != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
   if (parameters == nullptr) return E_POINTER;
-  return guarded(object(), [&] {
-    ITypeInfo* info = nullptr;
-    HRESULT outcome = typeInfo(info);
-    if (FAILED(outcome)) return outcome;
-    outcome = checkArgumentCount(*info, id, flags, parameters->cArgs);
-    if (FAILED(outcome)) return outcome;
+  OwnedVariant given;
+  const HRESULT outcome = guarded(object(), [&]() -> HRESULT {
+    const HRESULT read = readTable();
+    if (FAILED(read)) return read;
+    const Member* const member = meantMember(table_, id, flags);
+    if (member == nullptr) return DISP_E_MEMBERNOTFOUND;
+    Call call(*member);
+    const HRESULT taken = call.take(*parameters, language, argument);
+    if (FAILED(taken)) return taken;
     // Error information that an earlier call left must not be taken for this one's.
     SetErrorInfo(0, nullptr);
-    return info->Invoke(static_cast<_KelvaneCtl*>(this), id, flags, parameters, result, exception,
-                        argument);
+    const HRESULT made = call.make(*this, given);
+    if (SUCCEEDED(made)) return S_OK;
+    giveException(made, exception);
+    return DISP_E_EXCEPTION;
   });
+  // Last, since it may be the very variable that an argument referred to.
+  if (result != nullptr) *result = given.detach();
+  return outcome;
 }
 
 }  // namespace activex

@@ -39,4 +39,23 @@ HRESULT hostError() noexcept {
   }
 }
 
+HRESULT busyError() noexcept {
+  try {
+    publish("Another member of the control has not ended yet");
+  } catch (...) {  // no memory for the text; the code says it as well
+  }
+  return RPC_E_CALL_REJECTED;
+}
+
+void giveException(HRESULT code, EXCEPINFO* exception) noexcept {
+  ComPtr<IErrorInfo> info;
+  const bool told = GetErrorInfo(0, info.receive()) == S_OK;
+  if (exception == nullptr) return;
+  *exception = {};
+  exception->scode = code;
+  if (!told) return;
+  info->GetSource(&exception->bstrSource);
+  info->GetDescription(&exception->bstrDescription);
+}
+
 }  // namespace activex
