@@ -5,7 +5,7 @@ unit SectionMain;
 interface
 
 uses
-  Windows, Classes, SysUtils, Graphics, Controls, Forms, Menus, ExtCtrls, ComCtrls, Dialogs,
+  Windows, Types, Classes, SysUtils, Graphics, Controls, Forms, Menus, ExtCtrls, ComCtrls, Dialogs,
   ActiveX, ComObj, SectionHost;
 
 type
