@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -24,8 +25,13 @@ struct Picture {
 // What draw leaves on a white device context of width x height.
 Picture takePicture(int width, int height, const std::function<void(HDC)>& draw);
 
+enum class PictureKind { Png, Bmp };
+
+// The bytes of a picture file. HostError when they cannot be made.
+std::vector<std::byte> encodePicture(const Picture& picture, PictureKind kind);
+
 // Writes a PNG, or a BMP when the name ends so. HostError when the file cannot be written; what
-// was there before is lost then.
+// was there before is kept then.
 void savePicture(const Picture& picture, const std::wstring& path);
 
 }  // namespace host

@@ -7,6 +7,7 @@
 
 #include "ComOwner.h"
 #include "Dispatch.h"
+#include "wholeFile.h"
 
 namespace host {
 namespace {
@@ -15,6 +16,19 @@ bool endsWith(std::wstring text, const std::wstring& end) {
   std::transform(text.begin(), text.end(), text.begin(),
                  [](wchar_t c) { return static_cast<wchar_t>(std::towlower(c)); });
   return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
+}
+
+// All that was written to a stream in memory.
+std::vector<std::byte> bytesOf(IStream& stream) {
+  STATSTG state = {};
+  HGLOBAL memory = nullptr;
+  require(stream.Stat(&state, STATFLAG_NONAME), "no memory for the picture file");
+  require(GetHGlobalFromStream(&stream, &memory), "no memory for the picture file");
+  const auto size = static_cast<std::size_t>(state.cbSize.QuadPart);
+  const auto* first = static_cast<const std::byte*>(GlobalLock(memory));
+  std::vector<std::byte> bytes(first, first + size);
+  GlobalUnlock(memory);
+  return bytes;
 }
 
 }  // namespace
@@ -43,14 +57,14 @@ Picture takePicture(int width, int height, const std::function<void(HDC)>& draw)
   return picture;
 }
 
-void savePicture(const Picture& picture, const std::wstring& path) {
-  const std::string refusal = "cannot write " + narrow(path);
+// Three bytes a pixel, rows padded to a multiple of four bytes as bitmaps want them.
+std::vector<std::byte> encodePicture(const Picture& picture, PictureKind kind) {
+  const std::string refusal = "cannot make the picture file";
   ComOwner<IWICImagingFactory> factory;
   ComOwner<IWICBitmapEncoder> encoder;
   ComOwner<IWICBitmapFrameEncode> frame;
-  ComOwner<IWICStream> stream;
+  ComOwner<IStream> stream;
   const auto width = static_cast<UINT>(picture.width), height = static_cast<UINT>(picture.height);
-  // Three bytes a pixel, rows padded to a multiple of four bytes as bitmaps want them.
   const UINT stride = (3 * width + 3) / 4 * 4;
   std::vector<BYTE> rows(static_cast<std::size_t>(stride) * height);
   for (int y = 0; y < picture.height; ++y) {
@@ -62,11 +76,10 @@ void savePicture(const Picture& picture, const std::wstring& path) {
   require(CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER,
                            IID_IWICImagingFactory, factory.receiveAny()),
           "no picture files here");
-  require(factory->CreateStream(stream.receive()), refusal);
-  require(stream->InitializeFromFilename(path.c_str(), GENERIC_WRITE), refusal);
-  require(factory->CreateEncoder(
-              endsWith(path, L".bmp") ? GUID_ContainerFormatBmp : GUID_ContainerFormatPng, nullptr,
-              encoder.receive()),
+  require(CreateStreamOnHGlobal(nullptr, TRUE, stream.receive()), refusal);
+  const bool bmp = kind == PictureKind::Bmp;
+  require(factory->CreateEncoder(bmp ? GUID_ContainerFormatBmp : GUID_ContainerFormatPng, nullptr,
+                                 encoder.receive()),
           refusal);
   require(encoder->Initialize(stream.get(), WICBitmapEncoderNoCache), refusal);
   require(encoder->CreateNewFrame(frame.receive(), nullptr), refusal);
@@ -78,6 +91,12 @@ void savePicture(const Picture& picture, const std::wstring& path) {
           refusal);
   require(frame->Commit(), refusal);
   require(encoder->Commit(), refusal);
+  return bytesOf(*stream.get());
+}
+
+void savePicture(const Picture& picture, const std::wstring& path) {
+  const PictureKind kind = endsWith(path, L".bmp") ? PictureKind::Bmp : PictureKind::Png;
+  writeWhole(path, encodePicture(picture, kind));
 }
 
 }  // namespace host
