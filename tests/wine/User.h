@@ -15,6 +15,9 @@ namespace winetest {
 // one that fails throws.
 class User {
  public:
+  // At the dialogs of another program's thread; onMainThread does not reach there.
+  explicit User(DWORD thread) : thread_(thread) {}
+
   // Does the script while call runs, which must return once the script's dialogs are closed.
   // What went wrong: empty when all went well. A stuck user closes every dialog that is up.
   static std::string during(const std::function<void()>& call,
@@ -49,7 +52,6 @@ class User {
   host::Picture shoot(HWND dialog);
 
  private:
-  explicit User(DWORD thread) : thread_(thread) {}
   void closeAll() const;
 
   DWORD thread_;
