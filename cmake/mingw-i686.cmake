@@ -1,32 +1,10 @@
-# Cross-building for 32-bit Windows with the distribution's mingw-w64.
-set(CMAKE_SYSTEM_NAME Windows)
+# Cross-building for 32-bit Windows.
 set(CMAKE_SYSTEM_PROCESSOR i686)
 set(KELVANE_TRIPLET i686-w64-mingw32)
-
-# The posix variants: the standard library's threads and locks exist only there.
-set(CMAKE_C_COMPILER ${KELVANE_TRIPLET}-gcc-posix)
-set(CMAKE_CXX_COMPILER ${KELVANE_TRIPLET}-g++-posix)
-set(CMAKE_RC_COMPILER ${KELVANE_TRIPLET}-windres)
-set(CMAKE_AR ${KELVANE_TRIPLET}-ar CACHE FILEPATH "")
-set(CMAKE_RANLIB ${KELVANE_TRIPLET}-ranlib CACHE FILEPATH "")
 
 # SSE arithmetic instead of the x87's extended precision, so that results are those of the 64-bit
 # build. Windows promises 4-byte stack alignment only, hence the realignment.
 set(CMAKE_C_FLAGS_INIT "-msse2 -mfpmath=sse -mstackrealign")
 set(CMAKE_CXX_FLAGS_INIT "-msse2 -mfpmath=sse -mstackrealign")
 
-# Modules need nothing beside them but Windows' own libraries.
-set(CMAKE_EXE_LINKER_FLAGS_INIT "-static")
-set(CMAKE_SHARED_LINKER_FLAGS_INIT "-static")
-set(CMAKE_MODULE_LINKER_FLAGS_INIT "-static")
-
-# KELVANE_DEPS: where the cross-built libraries are.
-list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES KELVANE_DEPS)
-set(CMAKE_FIND_ROOT_PATH /usr/${KELVANE_TRIPLET} ${KELVANE_DEPS})
-set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
-set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
-set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
-set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
-
-# The type library compiler. It gets -L ${KELVANE_WIDL_LIB} to find stdole2.tlb.
-find_program(KELVANE_WIDL NAMES ${KELVANE_TRIPLET}-widl widl)
+include(${CMAKE_CURRENT_LIST_DIR}/mingw.cmake)

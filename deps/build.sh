@@ -20,28 +20,33 @@ deps_toolchain() {
   printf '%s/cmake/mingw-%s.cmake\n' "$KELVANE_ROOT" "$1"
 }
 
-# deps_prefix ARCH is where the headers and libraries for ARCH (i686) are, or will be once
+# deps_prefix ARCH is where the headers and libraries for ARCH (i686 or x86_64) are, or will be once
 # install_deps has run: keyed by recipes, source versions and compiler.
 deps_prefix() {
   local arch=$1
   printf '%s/deps-%s-%s\n' "$KELVANE_CACHE" "$arch" "$({
     cat -- "$DEPS_DIR"/*.sh "$DEPS_DIR"/*.in "$DEPS_DIR/run-hdf5-probe" \
-      "$(deps_toolchain "$arch")" "$(sources_dir)/versions"
+      "$KELVANE_ROOT/cmake/mingw.cmake" "$(deps_toolchain "$arch")" "$(sources_dir)/versions"
     "$arch-w64-mingw32-g++-posix" --version
   } | recipe_hash)"
 }
 
-# The functions below and the recipes take ARCH, PREFIX (where to install) and WORK (where to
-# build) from install_deps.
+# The functions below and the recipes take ARCH, TARGET_FLAGS (what every compilation for it gets),
+# PREFIX (where to install) and WORK (where to build) from install_deps.
 
 # unpack_source NAME unpacks the source package, patched as the distribution does, to WORK/NAME.
+# Its own date stands for the time of the build from then on, so that every machine makes the same
+# libraries.
 unpack_source() {
   rm -rf -- "${WORK:?}/$1"
-  dpkg-source --no-check -x "$(sources_dir)/$1"_*.dsc "$WORK/$1"
+  dpkg-source --no-check -x "$(sources_dir)/$1"_*.dsc "$WORK/$1" || return 1
+  SOURCE_DATE_EPOCH=$(dpkg-parsechangelog -l "$WORK/$1/debian/changelog" -S Timestamp) || return 1
+  export SOURCE_DATE_EPOCH
 }
 
 # cross_cmake NAME options... configures WORK/NAME for ARCH in WORK/NAME-build, builds and installs
 # it. Runs inside the build folder, because a probe of HDF5 leaves its answer in the current one.
+# The names of source files that get into the libraries are those below WORK.
 cross_cmake() {
   local name=$1
   shift
@@ -49,7 +54,7 @@ cross_cmake() {
   cd -- "$WORK/$name-build" || return 1
   cmake -G Ninja -Wno-dev "$WORK/$name" \
     -DCMAKE_TOOLCHAIN_FILE="$(deps_toolchain "$ARCH")" -DKELVANE_DEPS="$PREFIX" \
-    -DCMAKE_BUILD_TYPE=Release -DCMAKE_C_FLAGS_RELEASE='-O2 -DNDEBUG' \
+    -DCMAKE_BUILD_TYPE=Release -DCMAKE_C_FLAGS_RELEASE="-O2 -DNDEBUG '-ffile-prefix-map=$WORK/='" \
     -DCMAKE_INSTALL_PREFIX="$PREFIX" -DCMAKE_INSTALL_LIBDIR=lib \
     -DCMAKE_FIND_USE_PACKAGE_REGISTRY=OFF \
     -DBUILD_SHARED_LIBS=OFF -DBUILD_TESTING=OFF "$@" &&
@@ -63,18 +68,24 @@ link_boost() {
 
 # build_deps builds them all, one after the other.
 build_deps() {
-  step "deps-$ARCH-zlib" "building zlib for Windows (about 3 s)" build_zlib &&
-    step "deps-$ARCH-curl" "building curl for Windows (about 35 s)" build_curl &&
-    step "deps-$ARCH-hdf5" "building HDF5 for Windows (about 50 s)" build_hdf5 &&
-    step "deps-$ARCH-netcdf" "building netCDF for Windows (about 25 s)" build_netcdf &&
-    step "deps-$ARCH-pugixml" "building pugixml for Windows (about 5 s)" build_pugixml &&
+  step "deps-$ARCH-zlib" "building zlib for $KELVANE_BITS-bit Windows (about 3 s)" build_zlib &&
+    step "deps-$ARCH-curl" "building curl for $KELVANE_BITS-bit Windows (about 35 s)" build_curl &&
+    step "deps-$ARCH-hdf5" "building HDF5 for $KELVANE_BITS-bit Windows (about 50 s)" build_hdf5 &&
+    step "deps-$ARCH-netcdf" "building netCDF for $KELVANE_BITS-bit Windows (about 25 s)" build_netcdf &&
+    step "deps-$ARCH-pugixml" "building pugixml for $KELVANE_BITS-bit Windows (about 5 s)" build_pugixml &&
     link_boost && cp -- "$DEPS_DIR/kelvane-deps.cmake.in" "$PREFIX/kelvane-deps.cmake" &&
     touch -- "$PREFIX/complete"
 }
 
 # install_deps ARCH builds the libraries for ARCH unless they are there.
 install_deps() {
-  local ARCH=$1 PREFIX WORK status=0
+  local ARCH=$1 TARGET_FLAGS=() PREFIX WORK status=0
+  local -x KELVANE_BITS=64
+  if [ "$ARCH" = i686 ]; then
+    KELVANE_BITS=32
+    # The toolchain file says why.
+    TARGET_FLAGS=(-msse2 -mfpmath=sse -mstackrealign)
+  fi
   PREFIX=$(deps_prefix "$ARCH")
   [ -e "$PREFIX/complete" ] && return 0
   WORK=$PREFIX.work

@@ -15,7 +15,7 @@ build_netcdf() {
     -DCURL_NO_CURL_CMAKE=ON -DCURL_LIBRARY="$PREFIX/lib/libcurl.a" \
     -DCURL_INCLUDE_DIR="$PREFIX/include" \
     -DZLIB_INCLUDE_DIR="$PREFIX/include" -DZLIB_LIBRARY="$PREFIX/lib/libz.a" \
-    -DCMAKE_C_FLAGS="-msse2 -mfpmath=sse -mstackrealign -DCURL_STATICLIB -I'$PREFIX/include'"
+    -DCMAKE_C_FLAGS="${TARGET_FLAGS[*]} -DCURL_STATICLIB -I'$PREFIX/include'"
 }
 
 hdf5_version() {

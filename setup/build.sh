@@ -1,5 +1,6 @@
 # shellcheck shell=bash
-# Configuring and building the project's own build folders: build/native, build/asan, build/win32.
+# Configuring and building the project's own build folders: build/native, build/asan,
+# build/win32, build/win64.
 
 # shellcheck source=setup/prefix.sh
 . "$(dirname -- "${BASH_SOURCE[0]}")/prefix.sh"
@@ -14,8 +15,13 @@ build_dir() {
 
 # The options are those of CMakePresets.json.
 configure() {
-  if [ "$1" = win32 ]; then
-    KELVANE_DEPS=$(deps_prefix i686)
+  local architecture
+  case $1 in
+    win32) architecture=i686 ;;
+    win64) architecture=x86_64 ;;
+  esac
+  if [ -n "${architecture:-}" ]; then
+    KELVANE_DEPS=$(deps_prefix "$architecture")
     KELVANE_WIDL_LIB=$(wine_modules)
     export KELVANE_DEPS KELVANE_WIDL_LIB
   fi
@@ -29,14 +35,15 @@ configure_and_build() {
   configure "$name" && cmake --build "$(build_dir "$name")" --parallel "$(nproc)" "${options[@]}"
 }
 
-# build NAME "about N s" [target...] builds the folder NAME (native, asan, win32).
+# build NAME "about N s" [target...] builds the folder NAME (native, asan, win32, win64).
 build() {
   local name=$1 time=$2 what
   shift 2
   case $name in
     native) what='the native build' ;;
     asan) what='the sanitizer build' ;;
-    win32) what='the Windows build' ;;
+    win32) what='the 32-bit Windows build' ;;
+    win64) what='the 64-bit Windows build' ;;
   esac
   step "build-$name" "making $what ($time)" configure_and_build "$name" "$@"
 }

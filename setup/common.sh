@@ -9,7 +9,7 @@ export HOME=${HOME:-$(getent passwd "$(id -u)" | cut -d: -f6)}
 KELVANE_CACHE=${KELVANE_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/kelvane}
 KELVANE_LOGS=$KELVANE_ROOT/build/logs
 
-# Return code of every step that needs a 32-bit Wine when none can be had.
+# Return code of every step that needs Wine when none can be had that runs 32-bit programs too.
 # shellcheck disable=SC2034
 NO_WINE=3
 

@@ -9,8 +9,9 @@ NATIVE_PACKAGES=(
   libpugixml-dev nlohmann-json3-dev
   # The face that pictures are lettered in
   fonts-liberation
-  # The Windows build: cross-compiler, type library compiler, unpacking of sources
-  dpkg-dev g++-mingw-w64-i686-posix mingw-w64-tools patchelf xz-utils
+  # The Windows build: cross-compilers, type library compiler, unpacking of sources
+  dpkg-dev g++-mingw-w64-i686-posix g++-mingw-w64-x86-64-posix mingw-w64-tools patchelf
+  xz-utils
   # Real data and its tools, and locales with other decimal separators, for the tests
   ferret-datasets locales netcdf-bin python3
   # Compilers for samples of other hosts: C#, and Pascal with what makes it one for Windows

@@ -1,5 +1,6 @@
 # shellcheck shell=bash
-# Wine prefixes: a prepared one is kept and copied whenever a fresh one is wanted.
+# Wine prefixes: a prepared one of each kind of Windows (KELVANE_BITS) is kept and copied whenever a
+# fresh one is wanted.
 
 # shellcheck source=setup/wine-env.sh
 . "$(dirname -- "${BASH_SOURCE[0]}")/wine-env.sh"
@@ -7,7 +8,7 @@
 prefix_template() {
   local here
   here=$(dirname -- "${BASH_SOURCE[0]}")
-  printf '%s/prefix-%s\n' "$KELVANE_CACHE" \
+  printf '%s/prefix%s-%s\n' "$KELVANE_CACHE" "${KELVANE_BITS:-32}" \
     "$({ cat -- "$here/prefix.sh" "$here/wine-env.sh" && wine_tree; } | recipe_hash)"
 }
 
@@ -29,25 +30,26 @@ build_prefix_template() {
   touch -- "$template/complete"
 }
 
-# Makes the prepared prefix unless it is there.
+# install_prefix_template BITS makes the prepared prefix unless it is there.
 install_prefix_template() {
   local template
+  local -x KELVANE_BITS=$1
   template=$(prefix_template)
   [ -e "$template/complete" ] && return 0
-  step prefix "preparing a Wine prefix (about 10 s)" build_prefix_template "$template" ||
+  step "prefix$1" "preparing a $1-bit Wine prefix (about 10 s)" build_prefix_template "$template" ||
     { rm -rf -- "$template"; return 1; }
 }
 
 # new_prefix DIR makes DIR a fresh prefix with nothing of ours registered, replacing what was there.
-# The half gigabyte of Windows' own modules, which no program of ours writes, is linked where the
-# file system allows it; everything else is a copy.
+# Windows' own modules, a gigabyte that no program of ours writes, are linked where the file system
+# allows it; everything else is a copy.
 new_prefix() {
   local template
   template=$(prefix_template)
   rm -rf -- "$1"
   mkdir -p -- "$(dirname -- "$1")"
   if cp -al -- "$template" "$1" 2>/dev/null; then
-    find "$1" -type f ! -path '*/windows/system32/*.*' -exec sh -c '
+    find "$1" -type f ! -path '*/windows/system32/*.*' ! -path '*/windows/syswow64/*.*' -exec sh -c '
       for file; do
         cp -p -- "$file" "$file.copy" && mv -f -- "$file.copy" "$file" || exit 1
       done' sh {} +

@@ -1,12 +1,13 @@
 # shellcheck shell=bash
-# Running programs under the 32-bit Wine of wine32.sh, without display, keyboard or questions.
+# Running programs under the Wine of wine.sh, without display, keyboard or questions. KELVANE_BITS
+# (32, the default, or 64) says what kind of Windows it is; a 64-bit one runs both kinds of programs.
 
-# shellcheck source=setup/wine32.sh
-. "$(dirname -- "${BASH_SOURCE[0]}")/wine32.sh"
+# shellcheck source=setup/wine.sh
+. "$(dirname -- "${BASH_SOURCE[0]}")/wine.sh"
 
 # wine_env DIR makes every later Wine program of this shell use the prefix DIR.
 wine_env() {
-  export WINEPREFIX=$1 WINEARCH=win32 WINEDEBUG=${WINEDEBUG:--all}
+  export WINEPREFIX=$1 WINEARCH=win${KELVANE_BITS:-32} WINEDEBUG=${WINEDEBUG:--all}
   WINESERVER=$(wine_server)
   export WINESERVER
   # No offers to fetch Mono or Gecko, no menu entries on the user's desktop.
@@ -36,7 +37,7 @@ kwine() {
   local seconds=$1 streams status=0
   shift
   streams=$(mktemp -d)
-  timeout -k 5 "$seconds" "$(wine_program)" "$@" \
+  timeout -k 5 "$seconds" "$(wine_program "${KELVANE_BITS:-32}")" "$@" \
     >"$streams/out" 2>"$streams/err" </dev/null 9>&- || status=$?
   cat -- "$streams/out"
   cat -- "$streams/err" >&2
