@@ -105,7 +105,7 @@ std::string functionText(ITypeInfo& info, UINT index) {
     text += typeText(info, parameter.tdesc);
     if (at < count) text += " " + host::narrow(names[at]);
   }
-  text += ") at " + std::to_string(static_cast<UINT>(function->oVft) / sizeof(void*));
+  text += ") at " + std::to_string(static_cast<std::size_t>(function->oVft) / sizeof(void*));
   if (function->wFuncFlags != 0) text += " flags " + std::to_string(function->wFuncFlags);
   text += "\n";
   // The two halves of a property have one text, and so have both views of a function.
