@@ -114,18 +114,24 @@ def class_values(identity, architecture, module):
     return values
 
 
-def common_values(identity):
-    """What both bitnesses share: the names, and the type library's own description."""
+def name_values(identity):
+    """The names that programs create the control by; both bitnesses have the same."""
     i = identity
-    library = _library_key(i)
     return [
         (i.versioned_prog_id, None, i.user_type),
         (i.versioned_prog_id + r'\CLSID', None, i.class_id),
         (i.prog_id, None, i.user_type),
         (i.prog_id + r'\CLSID', None, i.class_id),
         (i.prog_id + r'\CurVer', None, i.versioned_prog_id),
-        (library, None, i.library_text),
-        (library + r'\FLAGS', None, str(i.library_flags)),
+    ]
+
+
+def library_values(identity):
+    """The type library's own description; its modules are entered by bitness."""
+    library = _library_key(identity)
+    return [
+        (library, None, identity.library_text),
+        (library + r'\FLAGS', None, str(identity.library_flags)),
         (library + r'\HELPDIR', None, ''),
     ]
 

@@ -6,9 +6,9 @@ import struct
 import subprocess
 from pathlib import Path
 
-import installer_source
 import summary_information
-from installer_source import SETTINGS_KEY, SETTINGS_VALUE, InstallerSource, derived_id, file_id
+from installer_source import (CLASSES, SETTINGS_KEY, SETTINGS_VALUE, InstallerSource, derived_id,
+                              file_id)
 
 PROGRAMS = ('.exe', '.ocx', '.dll')
 
@@ -44,7 +44,18 @@ def _stage(files, folder, epoch):
     return names
 
 
-def _corrections(architecture, files):
+def _searches(architecture):
+    """What the installer looks up: (property, key, value, whether in the 64-bit view)."""
+    # An upgrade stays in the folder that was chosen for the version before it.
+    yield 'PREVIOUSFOLDER', SETTINGS_KEY, SETTINGS_VALUE, architecture == 'x64'
+    if architecture == 'x64':
+        # In Windows the names of classes are the same in both views of the registry. Wine's
+        # installer service sees others in the 32-bit view; then this one is not there.
+        yield 'WIDENAMES', CLASSES + 'Msi.Package', '', True
+        yield 'NARROWNAMES', CLASSES + 'Msi.Package', '', False
+
+
+def _corrections(architecture, files, conditions):
     """What wixl leaves out or gets wrong, as statements on the tables."""
     yield from (
         # A failed upgrade puts the old version back only when it is removed inside of the
@@ -60,12 +71,13 @@ def _corrections(architecture, files):
             yield (f"UPDATE `File` SET `Version` = '{file_version(one.data)}', "
                    f"`Language` = '1033' WHERE `File` = '{key}'")
             yield f"DELETE FROM `MsiFileHash` WHERE `File_` = '{key}'"
-    # An upgrade stays in the folder that was chosen for the version before it.
-    view = 16 if architecture == 'x64' else 0
-    yield ("INSERT INTO `RegLocator` (`Signature_`, `Root`, `Key`, `Name`, `Type`) VALUES "
-           f"('PreviousFolder', 2, '{SETTINGS_KEY}', '{SETTINGS_VALUE}', {2 + view})")
-    yield ("INSERT INTO `AppSearch` (`Property`, `Signature_`) VALUES "
-           "('PREVIOUSFOLDER', 'PreviousFolder')")
+    for name, condition in conditions.items():
+        yield f"UPDATE `Component` SET `Condition` = '{condition}' WHERE `Component` = '{name}'"
+    for name, key, value, wide in _searches(architecture):
+        yield ("INSERT INTO `RegLocator` (`Signature_`, `Root`, `Key`, `Name`, `Type`) VALUES "
+               f"('{name.title()}', 2, '{key}', '{value}', {18 if wide else 2})")
+        yield ("INSERT INTO `AppSearch` (`Property`, `Signature_`) VALUES "
+               f"('{name}', '{name.title()}')")
     for action, name, value in (('TakePreviousFolder', 'INSTALLDIR', '[PREVIOUSFOLDER]'),
                                 ('TellInstallFolder', 'ARPINSTALLLOCATION', '[INSTALLDIR]')):
         yield ("INSERT INTO `CustomAction` (`Action`, `Type`, `Source`, `Target`) VALUES "
@@ -94,7 +106,7 @@ def build(architecture, version, identity, files, icon, epoch, work, out):
     text = source.text()
     (work / 'kelvane.wxs').write_text(text, encoding='utf-8')
     _run(['wixl', '--arch', architecture, '-o', 'kelvane.msi', 'kelvane.wxs'], work)
-    statements = list(_corrections(architecture, files))
+    statements = list(_corrections(architecture, files, source.conditions))
     _run(['msibuild', 'kelvane.msi'] + [part for one in statements for part in ('-q', one)], work)
 
     # Another content is another package, the same content the same.

@@ -15,6 +15,7 @@ UPGRADE_CODES = {'x86': '{6E4A1D0C-93B5-4B1B-8B43-0B8B5B7E2A61}',
                  'x64': '{A0C2F7D4-58E6-4E0B-9D35-7C41F2E6B9D8}'}
 
 MANUFACTURER = 'The Kelvane authors'
+CLASSES = 'Software\\Classes\\'
 SETTINGS_KEY = r'Software\Kelvane'
 SETTINGS_VALUE = 'InstallFolder'
 
@@ -70,6 +71,7 @@ class InstallerSource:
     def __init__(self, architecture, version, identity):
         self._architecture = architecture
         self._identity = identity
+        self.conditions = {}  # of components; wixl knows none
         self._components = []
         self._folders = {}
         self._names = {}
@@ -146,18 +148,27 @@ class InstallerSource:
     def register_control(self, component):
         """The keys that the control's own registration writes; the module is in component."""
         module = f'[#{component.find("File").get("Id")}]'
-        prefix = 'Software\\Classes\\'
         own = control_identity.class_values(self._identity, self._architecture, module)
-        _registry(component, [(prefix + key, name, text) for key, name, text in own])
+        _registry(component, [(CLASSES + key, name, text) for key, name, text in own])
         xml.SubElement(component, 'RegistryValue', {
             'Root': 'HKLM', 'Key': SETTINGS_KEY, 'Name': SETTINGS_VALUE, 'Type': 'string',
             'Value': '[INSTALLDIR]'})
-        # One component in both installers: what both bitnesses share goes with the last of them.
-        common = self._component(self._target, 'CommonNames', derived_id('component', 'common'),
-                                 wide=False)
-        _registry(common, [(prefix + key, name, text) for key, name, text
-                           in control_identity.common_values(self._identity)])
-        common[0].set('KeyPath', 'yes')
+        self._registry_component('CommonLibrary', control_identity.library_values(self._identity))
+        names = control_identity.name_values(self._identity)
+        self._registry_component('CommonNames', names)
+        if self._architecture == 'x64':
+            self._registry_component('SeparateNames', names, 'WIDENAMES AND NOT NARROWNAMES',
+                                     wide=True)
+
+    def _registry_component(self, name, values, condition=None, wide=False):
+        """Keys without a file. The common ones are one component of both installers: what both
+        bitnesses share goes with the last of them. Where 64-bit programs find other names, the
+        64-bit installer has these besides."""
+        component = self._component(self._target, name, derived_id('component', name), wide)
+        if condition:
+            self.conditions[name] = condition
+        _registry(component, [(CLASSES + key, value, text) for key, value, text in values])
+        component.find('RegistryValue').set('KeyPath', 'yes')
 
     def add_shortcut(self, component):
         """An entry of the start menu for the program in component."""

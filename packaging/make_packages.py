@@ -49,7 +49,7 @@ def make_installer(options, architecture, common, out):
     with tempfile.TemporaryDirectory() as work:
         installer.build(architecture, options.version, control_identity.read_identity(ROOT),
                         sorted(common + programs, key=lambda one: one.place),
-                        (ROOT / 'packaging/kelvane.ico').read_bytes(), options.epoch, work, out)
+                        (ROOT / 'hosts/form/kelvane.ico').read_bytes(), options.epoch, work, out)
 
 
 def make_zip(options, common, out):

@@ -43,6 +43,11 @@ class InstallerTest(InstallerCase):
         by_itself = self.registered()
         self.assertEqual(self.machine.run(regsvr32, '/u', '/s', module)[0], 0)
         self.assertGreater(len(by_itself), 25)
+        if self.architecture == 'x64':
+            # This installer service finds the names for 32-bit programs in another place than these
+            # programs do; in Windows it is the same place, and they are there already.
+            by_installer = {key: values for key, values in by_installer.items()
+                            if 'WOW6432NODE\\KELVANE.' not in key}
         self.assertEqual(differences(by_itself, by_installer), [])
 
     def test_is_listed_among_the_programs(self):
@@ -57,7 +62,7 @@ class InstallerTest(InstallerCase):
                  if '"ProductIcon"' in values]
         self.assertEqual(len(icons), 1)
         path = icons[0].strip('"').replace('\\\\', '/').replace('C:', str(self.machine.drive))
-        self.assertEqual(Path(path).read_bytes(), (ROOT / 'packaging/kelvane.ico').read_bytes())
+        self.assertEqual(Path(path).read_bytes(), (ROOT / 'hosts/form/kelvane.ico').read_bytes())
         self.remove(self.architecture)
         self.assertNotIn(self.name, self.entries())
 

@@ -71,6 +71,8 @@ class PackagesTest(unittest.TestCase):
                 place = PurePosixPath(name).relative_to(f'Kelvane-{VERSION}')
                 if place.parts[0] == self.architecture:
                     place = place.relative_to(self.architecture)
+                elif place.parts[0] in TEMPLATES:
+                    continue
                 files[place.as_posix()] = archive.read(name)
         return files
 
@@ -85,20 +87,29 @@ class PackagesTest(unittest.TestCase):
 
     def test_components_have_identifiers_of_their_own(self):
         components = self.table('Component')
-        self.assertEqual(len(components), len(self.table('File')) + 1)
+        keyed = {'CommonLibrary': '4', 'CommonNames': '4'}
+        if self.wide:
+            keyed['SeparateNames'] = '260'
+        self.assertEqual(len(components), len(self.table('File')) + len(keyed))
         identifiers = [row['ComponentId'] for row in components]
         self.assertEqual(len(set(identifiers)), len(identifiers))
         for row in components:
             self.assertRegex(row['ComponentId'], r'^\{[0-9A-F]{8}(-[0-9A-F]{4}){3}-[0-9A-F]{12}\}$')
-            common = row['Component'] == 'CommonNames'
             # 4: its key is in the registry; 256: it belongs to 64-bit programs.
             self.assertEqual(row['Attributes'],
-                             '4' if common else '256' if self.wide else '0', row)
+                             keyed.get(row['Component'], '256' if self.wide else '0'), row)
 
-    def test_common_names_are_one_component_of_both_installers(self):
-        row = next(row for row in self.table('Component') if row['Component'] == 'CommonNames')
-        # Frozen: an older version of the other bitness has it too.
-        self.assertEqual(row['ComponentId'], '{5C249049-43FA-5881-8319-4B9DBC889F60}')
+    def test_what_is_common_are_the_same_components_in_both_installers(self):
+        found = {row['Component']: row['ComponentId'] for row in self.table('Component')}
+        # Frozen: older versions of the other bitness have them too.
+        self.assertEqual(found['CommonNames'], '{CA805647-7590-585D-92EE-0F086728A9A0}')
+        self.assertEqual(found['CommonLibrary'], '{7CBE43D5-8C3C-55C3-902E-44DDDB0D9B86}')
+
+    def test_names_are_common_unless_both_views_have_names_of_their_own(self):
+        conditions = {row['Component']: row['Condition'] for row in self.table('Component')
+                      if row['Condition']}
+        self.assertEqual(conditions, {
+            'SeparateNames': 'WIDENAMES AND NOT NARROWNAMES'} if self.wide else {})
 
     def test_programs_state_their_versions(self):
         hashed = {row['File_'] for row in self.table('MsiFileHash')}
