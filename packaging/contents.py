@@ -41,7 +41,8 @@ def _files_below(folder):
 
 def _document_sources(root):
     """Documents and their pictures: source -> place in the package, pages as Markdown."""
-    places = {root / 'packaging/windows.md': 'README.md'}
+    places = {root / 'packaging/windows.md': 'README.md',
+              root / 'packaging/README.md': 'docs/packages.md'}
     for page in ('docs/dialogs.md', 'docs/host.md'):
         if (root / page).exists():
             places[root / page] = page
