@@ -62,7 +62,7 @@ def _corrections(architecture, files, conditions):
         # transaction.
         "UPDATE `InstallExecuteSequence` SET `Sequence` = 1501 "
         "WHERE `Action` = 'RemoveExistingProducts'",
-        # What the downgrade's message tells about is nothing to install over.
+        # The only feature can be neither left out nor advertised.
         "UPDATE `Feature` SET `Attributes` = 24 WHERE `Feature` = 'Kelvane'",
     )
     for one in files:
@@ -90,8 +90,11 @@ def _corrections(architecture, files, conditions):
                    f"('{action}', '{condition}', {place})")
     yield ("INSERT INTO `InstallExecuteSequence` (`Action`, `Condition`, `Sequence`) VALUES "
            "('TellInstallFolder', '', 1010)")
-    yield ("UPDATE `Property` SET `Value` = 'INSTALLDIR;WIX_DOWNGRADE_DETECTED;"
-           "WIX_UPGRADE_DETECTED' WHERE `Property` = 'SecureCustomProperties'")
+    # What is found before the elevated part of an installation begins must reach it.
+    secure = ['INSTALLDIR', 'WIX_DOWNGRADE_DETECTED', 'WIX_UPGRADE_DETECTED']
+    secure += [name for name, *_ in _searches(architecture)]
+    yield (f"UPDATE `Property` SET `Value` = '{';'.join(secure)}' "
+           "WHERE `Property` = 'SecureCustomProperties'")
 
 
 def build(architecture, version, identity, files, icon, epoch, work, out):

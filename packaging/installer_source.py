@@ -99,8 +99,7 @@ class InstallerSource:
             self._condition(product, 'Installed OR VersionNT64',
                             f'{name} needs 64-bit Windows. Install Kelvane (32-bit) here.')
         for name, value in {'ARPNOMODIFY': '1', 'ARPPRODUCTICON': 'kelvane.ico',
-                            'ARPCOMMENTS': f'The section control for {bits}-bit programs',
-                            'MSIRESTARTMANAGERCONTROL': '0'}.items():
+                            'ARPCOMMENTS': f'The section control for {bits}-bit programs'}.items():
             xml.SubElement(product, 'Property', Id=name, Value=value)
         xml.SubElement(product, 'Icon', Id='kelvane.ico', SourceFile='kelvane.ico')
         return product

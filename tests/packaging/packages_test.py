@@ -142,6 +142,10 @@ class PackagesTest(unittest.TestCase):
                     'UpgradeCode': '{A0C2F7D4-58E6-4E0B-9D35-7C41F2E6B9D8}' if self.wide
                     else '{6E4A1D0C-93B5-4B1B-8B43-0B8B5B7E2A61}'}
         self.assertEqual({name: properties.get(name) for name in expected}, expected)
+        searched = {row['Property'] for row in self.table('AppSearch')}
+        self.assertIn('PREVIOUSFOLDER', searched)
+        self.assertLessEqual(searched | {'INSTALLDIR', 'WIX_DOWNGRADE_DETECTED'},
+                             set(properties['SecureCustomProperties'].split(';')))
         older, newer = self.table('Upgrade')
         self.assertEqual((older['VersionMin'], older['VersionMax'], older['Attributes']),
                          ('', VERSION, '1'))
