@@ -24,7 +24,10 @@ Instance::Instance(IUnknown& object)
             viewChanged();
           },
           [this] { return activation.window(); }) {
-  takeSize(kWidth, kHeight);
+  extent = himetricOf({kWidth, kHeight});
+  dirty = true;
+  // Most hosts give another size before they want a picture.
+  body.resizeLater(kWidth, kHeight);
 }
 
 void Instance::takeSize(int32_t width, int32_t height) {

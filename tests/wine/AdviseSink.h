@@ -4,6 +4,7 @@
 
 #include <ole2.h>
 
+#include <functional>
 #include <vector>
 
 namespace winetest {
@@ -23,17 +24,26 @@ class AdviseSink final : public IAdviseSink {
   void STDMETHODCALLTYPE OnDataChange(FORMATETC* format, STGMEDIUM* medium) override {
     formats.push_back(format->cfFormat);
     media.push_back(medium->tymed);
+    if (meanwhile) meanwhile();
   }
-  void STDMETHODCALLTYPE OnViewChange(DWORD, LONG) override {}
-  void STDMETHODCALLTYPE OnRename(IMoniker*) override {}
+  void STDMETHODCALLTYPE OnViewChange(DWORD aspect, LONG index) override {
+    ++views;
+    lastAspect = aspect;
+    lastIndex = index;
+    if (meanwhile) meanwhile();
+  }
+  void STDMETHODCALLTYPE OnRename(IMoniker*) override { ++renames; }
   void STDMETHODCALLTYPE OnSave() override { ++saves; }
-  void STDMETHODCALLTYPE OnClose() override {}
+  void STDMETHODCALLTYPE OnClose() override { ++closes; }
 
   virtual ~AdviseSink() = default;
+  std::function<void()> meanwhile;  // what it does when the data or the view change
   ULONG references = 1;
   std::vector<CLIPFORMAT> formats;  // of the changes of data, one each
   std::vector<DWORD> media;         // what came with them
-  int saves = 0;
+  int views = 0, renames = 0, saves = 0, closes = 0;
+  DWORD lastAspect = 0;
+  LONG lastIndex = 0;
 };
 
 }  // namespace winetest

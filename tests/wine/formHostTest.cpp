@@ -71,10 +71,10 @@ TEST_F(FormHost, HidesAndShowsTheControl) {
   draw(form);
   const host::Picture before = form.shoot();
   EXPECT_EQ(doVerb(form, OLEIVERB_HIDE), S_OK);
-  EXPECT_EQ(windowOf(form), nullptr);
+  EXPECT_FALSE(IsWindowVisible(windowOf(form)));
   EXPECT_EQ(doVerb(form, OLEIVERB_HIDE), S_OK);
   EXPECT_EQ(doVerb(form, OLEIVERB_SHOW), S_OK);
-  EXPECT_NE(windowOf(form), nullptr);
+  EXPECT_TRUE(IsWindowVisible(windowOf(form)));
   EXPECT_EQ(doVerb(form, OLEIVERB_UIACTIVATE), S_OK);
   EXPECT_EQ(doVerb(form, OLEIVERB_UIACTIVATE), S_OK);
   form.pump();

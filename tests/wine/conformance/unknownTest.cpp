@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <dispex.h>
+#include <objsafe.h>
 #include <ocidl.h>
 
 #include <set>
@@ -33,9 +35,10 @@ const struct {
     {"IDataObject", IID_IDataObject},
     {"IProvideClassInfo", IID_IProvideClassInfo},
     {"IProvideClassInfo2", IID_IProvideClassInfo2},
+    {"IConnectionPointContainer", IID_IConnectionPointContainer},
 };
 
-TEST(Identity, IsTheSameThroughEveryInterface) {
+TEST(UnknownRules, LeadFromEveryInterfaceToEveryOther) {
   BareControl control;
   for (const auto& row : kInterfaces) {
     ComOwner<IUnknown> role, identity;
@@ -50,18 +53,68 @@ TEST(Identity, IsTheSameThroughEveryInterface) {
   }
 }
 
-TEST(Identity, RefusesWhatItDoesNotImplement) {
+TEST(UnknownRules, GiveTheSamePointerEveryTime) {
   BareControl control;
-  for (const IID& id : {IID_IOleInPlaceObjectWindowless, IID_IQuickActivate, IID_IPointerInactive,
-                        IID_IClassFactory}) {
-    void* answer = control.identity();
-    EXPECT_EQ(control.identity()->QueryInterface(id, &answer), E_NOINTERFACE);
-    EXPECT_EQ(answer, nullptr);
+  for (const auto& row : kInterfaces) {
+    ComOwner<IUnknown> first, second;
+    ASSERT_EQ(control.identity()->QueryInterface(row.id, first.receiveAny()), S_OK) << row.name;
+    ASSERT_EQ(first->QueryInterface(row.id, second.receiveAny()), S_OK) << row.name;
+    EXPECT_EQ(first.get(), second.get()) << row.name;
   }
-  EXPECT_EQ(control.identity()->QueryInterface(IID_IUnknown, nullptr), E_POINTER);
 }
 
-TEST(References, EndAtZeroAndLetTheLibraryGo) {
+TEST(UnknownRules, RefuseANullPlaceThroughEveryInterface) {
+  BareControl control;
+  for (const auto& row : kInterfaces) {
+    ComOwner<IUnknown> role;
+    ASSERT_EQ(control.identity()->QueryInterface(row.id, role.receiveAny()), S_OK) << row.name;
+    EXPECT_EQ(role->QueryInterface(IID_IUnknown, nullptr), E_POINTER) << row.name;
+    void* answer = &control;
+    EXPECT_EQ(role->QueryInterface(IID_IQuickActivate, &answer), E_NOINTERFACE) << row.name;
+    EXPECT_EQ(answer, nullptr) << row.name;
+  }
+}
+
+// A host that is given an interface relies on all of it.
+TEST(NotAnswered, InterfacesAreRefused) {
+  const struct {
+    const char* name;
+    IID id;
+  } rows[] = {
+      {"IOleInPlaceObjectWindowless", IID_IOleInPlaceObjectWindowless},
+      {"IPointerInactive", IID_IPointerInactive},
+      {"IViewObjectEx", IID_IViewObjectEx},
+      {"IQuickActivate", IID_IQuickActivate},
+      {"IObjectSafety", IID_IObjectSafety},
+      {"ISpecifyPropertyPages", IID_ISpecifyPropertyPages},
+      {"IPerPropertyBrowsing", IID_IPerPropertyBrowsing},
+      {"IObjectWithSite", IID_IObjectWithSite},
+      {"IDispatchEx", __uuidof(IDispatchEx)},
+      {"IPersistStream", IID_IPersistStream},
+      {"IPersistFile", IID_IPersistFile},
+      {"IPersistMemory", IID_IPersistMemory},
+      {"IPersistPropertyBag2", IID_IPersistPropertyBag2},
+      {"IOleCache", IID_IOleCache},
+      {"IOleLink", IID_IOleLink},
+      {"IOleItemContainer", IID_IOleItemContainer},
+      {"IRunnableObject", IID_IRunnableObject},
+      {"IExternalConnection", IID_IExternalConnection},
+      {"IMarshal", IID_IMarshal},
+      {"IConnectionPoint", IID_IConnectionPoint},
+      {"IPropertyNotifySink", IID_IPropertyNotifySink},
+      {"IClassFactory", IID_IClassFactory},
+      {"its events", __uuidof(__KelvaneCtl)},
+      {"none", IID_NULL},
+  };
+  BareControl control;
+  for (const auto& row : rows) {
+    void* answer = &control;
+    EXPECT_EQ(control.identity()->QueryInterface(row.id, &answer), E_NOINTERFACE) << row.name;
+    EXPECT_EQ(answer, nullptr) << row.name;
+  }
+}
+
+TEST(ObjectCount, EndAtZeroAndLetTheLibraryGo) {
   BareControl control;
   EXPECT_EQ(control.library().canUnloadNow(), S_FALSE);
   {
@@ -76,7 +129,7 @@ TEST(References, EndAtZeroAndLetTheLibraryGo) {
   EXPECT_EQ(control.library().canUnloadNow(), S_OK);
 }
 
-TEST(References, OfTheFactoryAndItsLockHoldTheLibrary) {
+TEST(ObjectCount, OfTheFactoryAndItsLockHoldTheLibrary) {
   const Library library;
   ASSERT_EQ(library.canUnloadNow(), S_OK);
   ComOwner<IClassFactory> factory;
@@ -92,7 +145,7 @@ TEST(References, OfTheFactoryAndItsLockHoldTheLibrary) {
   EXPECT_EQ(library.canUnloadNow(), S_OK);
 }
 
-TEST(References, OfManyControlsInAnyOrder) {
+TEST(ObjectCount, OfManyControlsInAnyOrder) {
   const Library library;
   ComOwner<IClassFactory> factory;
   library.getClassObject(kClassId, IID_IClassFactory, factory.receiveAny());
@@ -105,7 +158,7 @@ TEST(References, OfManyControlsInAnyOrder) {
   EXPECT_EQ(library.canUnloadNow(), S_OK);
 }
 
-TEST(Factory, RefusesWhatItCannotMake) {
+TEST(ClassFactory, RefusesWhatItCannotMake) {
   const Library library;
   ComOwner<IClassFactory> factory;
   ASSERT_EQ(library.getClassObject(kClassId, IID_IClassFactory, factory.receiveAny()), S_OK);
@@ -122,7 +175,7 @@ TEST(Factory, RefusesWhatItCannotMake) {
   EXPECT_EQ(library.canUnloadNow(), S_OK);
 }
 
-TEST(Library, CanBeUnloadedAndLoadedAgain) {
+TEST(ObjectCount, CanBeUnloadedAndLoadedAgain) {
   for (int round = 0; round < 3; ++round) {
     ASSERT_EQ(GetModuleHandleW(L"KelvaneCtl.ocx"), nullptr) << round;
     BareControl control;
@@ -135,7 +188,7 @@ TEST(Library, CanBeUnloadedAndLoadedAgain) {
   }
 }
 
-TEST(ClassInfo, TellsTheClassAndItsEvents) {
+TEST(ProvideClassInfo, TellsTheClassAndItsEvents) {
   BareControl control;
   ComOwner<IProvideClassInfo2> provider;
   ASSERT_NE(control.as(provider), nullptr);
@@ -150,6 +203,38 @@ TEST(ClassInfo, TellsTheClassAndItsEvents) {
   EXPECT_EQ(provider->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, &events), S_OK);
   EXPECT_EQ(events, __uuidof(__KelvaneCtl));
   EXPECT_EQ(provider->GetGUID(77, &events), E_INVALIDARG);
+  EXPECT_EQ(events, GUID_NULL);
+  EXPECT_EQ(provider->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, nullptr), E_POINTER);
+  EXPECT_EQ(provider->GetClassInfo(nullptr), E_POINTER);
+}
+
+// The event interface that is told is the one that the class description marks.
+TEST(ProvideClassInfo, AgreesWithTheTypeLibrary) {
+  BareControl control;
+  ComOwner<IProvideClassInfo2> provider;
+  ComOwner<ITypeInfo> info, source;
+  GUID events = {};
+  ASSERT_EQ(control.as(provider)->GetClassInfo(info.receive()), S_OK);
+  ASSERT_EQ(provider->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, &events), S_OK);
+  INT flags = 0;
+  HREFTYPE reference = 0;
+  ASSERT_EQ(info->GetImplTypeFlags(1, &flags), S_OK);
+  EXPECT_EQ(flags, IMPLTYPEFLAG_FDEFAULT | IMPLTYPEFLAG_FSOURCE);
+  ASSERT_EQ(info->GetRefTypeOfImplType(1, &reference), S_OK);
+  ASSERT_EQ(info->GetRefTypeInfo(reference, source.receive()), S_OK);
+  TYPEATTR* attributes = nullptr;
+  ASSERT_EQ(source->GetTypeAttr(&attributes), S_OK);
+  EXPECT_EQ(attributes->guid, events);
+  source->ReleaseTypeAttr(attributes);
+}
+
+TEST(SupportErrorInfo, IsThereForTheMembersOnly) {
+  BareControl control;
+  ComOwner<ISupportErrorInfo> support;
+  ASSERT_NE(control.as(support), nullptr);
+  EXPECT_EQ(support->InterfaceSupportsErrorInfo(__uuidof(_KelvaneCtl)), S_OK);
+  EXPECT_EQ(support->InterfaceSupportsErrorInfo(IID_IDispatch), S_OK);
+  EXPECT_EQ(support->InterfaceSupportsErrorInfo(IID_IOleObject), S_FALSE);
 }
 
 }  // namespace

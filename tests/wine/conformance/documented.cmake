@@ -1,0 +1,58 @@
+# Holds a document against the tests that it names, in code spans as `Suite.Test` or `Suite.*`.
+#   DOCUMENT  the document
+#   PROGRAMS  test programs, divided by |; every test that the document names is in one of them
+#   COMPLETE  one of them, all of whose suites the document names
+#   EMULATOR  what runs them
+cmake_minimum_required(VERSION 3.25)
+
+# tests_of(PROGRAM LIST) puts Suite.Test of all tests of a program into a list.
+function(tests_of program list)
+  execute_process(COMMAND ${EMULATOR} ${program} --gtest_list_tests
+    OUTPUT_VARIABLE listing RESULT_VARIABLE status)
+  if(NOT status EQUAL 0)
+    message(FATAL_ERROR "${program} does not list its tests: ${status}")
+  endif()
+  string(REGEX REPLACE "[;\r]" "" listing "${listing}")
+  string(REPLACE "\n" ";" lines "${listing}")
+  set(found)
+  set(suite)
+  foreach(line IN LISTS lines)
+    if(line MATCHES "^([A-Za-z0-9_]+/)?([A-Za-z0-9_]+)\\.( |$)")
+      set(suite ${CMAKE_MATCH_2})
+    elseif(line MATCHES "^  ([A-Za-z0-9_]+)")
+      list(APPEND found ${suite}.${CMAKE_MATCH_1} "${suite}.*")
+    endif()
+  endforeach()
+  list(REMOVE_DUPLICATES found)
+  set(${list} ${found} PARENT_SCOPE)
+endfunction()
+
+file(READ ${DOCUMENT} text)
+string(REGEX MATCHALL "`[A-Z][A-Za-z0-9_]+\\.([A-Z][A-Za-z0-9_]+|\\*)`" named "${text}")
+list(TRANSFORM named REPLACE "`" "")
+list(LENGTH named count)
+if(count EQUAL 0)
+  message(FATAL_ERROR "${DOCUMENT} names no test")
+endif()
+
+set(wrong 0)
+set(all)
+string(REPLACE "|" ";" programs "${PROGRAMS}")
+foreach(program IN LISTS programs)
+  tests_of(${program} found)
+  list(APPEND all ${found})
+  if(program STREQUAL COMPLETE)
+    foreach(test IN LISTS found)
+      string(REGEX REPLACE "\\..*" "" suite ${test})
+      if(test STREQUAL "${suite}.*" AND NOT text MATCHES "`${suite}\\.")
+        message(SEND_ERROR "${DOCUMENT} says nothing of ${suite}")
+      endif()
+    endforeach()
+  endif()
+endforeach()
+foreach(test IN LISTS named)
+  if(NOT test IN_LIST all)
+    message(SEND_ERROR "${DOCUMENT} names ${test}, which is no test")
+  endif()
+endforeach()
+message(STATUS "${count} tests are named")
