@@ -53,6 +53,8 @@ def _with_links(text, source, place, places):
         there = _target(link, source, place, places)
         if there is None:
             return '' if picture else words
+        # What is called after its file here is a page there.
+        words = re.sub(r'\.md$', '', words)
         return f'{picture}[{words}]({there})'
 
     # Nothing inside a block of code is a link.
