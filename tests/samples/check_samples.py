@@ -159,7 +159,8 @@ def check_page(library, text):
     program; one that goes on after errors may be there to show them."""
     for language, code in blocks_of_page(text, LANGUAGE_OF_FENCE):
         if "On Error Resume Next" not in code:
-            yield from check_uses(library, code, language, telling=frozenset())
+            yield from check_uses(library, code, language, set().union(*MEMBERS_OF_HOSTS.values()),
+                                  telling=frozenset())
 
 
 def check_all(library, root):

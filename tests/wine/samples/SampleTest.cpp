@@ -45,7 +45,7 @@ std::wstring SampleTest::makeGulfSet() const {
   nc.put(lonVar, {283, 284, 285, 286, 287, 288, 289, 290, 291, 292, 293, 294});
   std::vector<double> warmth, saltiness;
   for (int cell = 0; cell < 3 * 2 * 8 * 12; ++cell) {
-    warmth.push_back(25 - 0.03125 * cell);
+    warmth.push_back(25 - 0.125 * cell);
     saltiness.push_back(35);
   }
   nc.putSlab(temp, {0, 0, 0, 0}, {3, 2, 8, 12}, warmth);
