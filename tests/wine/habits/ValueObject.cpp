@@ -36,6 +36,7 @@ class ValueObject final : public IDispatch {
   HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS*,
                                    VARIANT* result, EXCEPINFO* exception, UINT*) override {
     if (id != DISPID_VALUE || (flags & DISPATCH_PROPERTYGET) == 0) return DISP_E_MEMBERNOTFOUND;
+    if (action) action();
     if (broken) {
       if (exception != nullptr) exception->bstrDescription = SysAllocString(L"broken");
       return DISP_E_EXCEPTION;
@@ -50,6 +51,7 @@ class ValueObject final : public IDispatch {
   }
 
   bool endless = false, broken = false;
+  std::function<void()> action;
 
  private:
   ULONG references_ = 0;
@@ -77,6 +79,12 @@ host::Value unknownOf(const host::Value& content) {
 host::Value endlessObject() {
   auto* object = new ValueObject({});
   object->endless = true;
+  return valueOf(object, VT_DISPATCH);
+}
+
+host::Value actingObject(std::function<void()> action) {
+  auto* object = new ValueObject(1);
+  object->action = std::move(action);
   return valueOf(object, VT_DISPATCH);
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "Dispatch.h"
 
 namespace winetest {
@@ -10,6 +12,8 @@ host::Value objectOf(const host::Value& content);   // as VT_DISPATCH
 host::Value unknownOf(const host::Value& content);  // as VT_UNKNOWN
 // One whose default property is the object itself, without end.
 host::Value endlessObject();
+// One that does something when asked, and is 1.
+host::Value actingObject(std::function<void()> action);
 // One that raises an error when asked.
 host::Value brokenObject();
 
