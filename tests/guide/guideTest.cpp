@@ -58,6 +58,7 @@ INSTANTIATE_TEST_SUITE_P(, GuideScripts,
                          testing::Values(Language{"members.md", "vbs", "'", "vbs"},
                                          Language{"errors.md", "vbs", "'", "vbs"},
                                          Language{"install.md", "vbs", "'", "vbs"},
+                                         Language{"kew.md", "vbs", "'", "vbs"},
                                          Language{"scripting.md", "vbs", "'", "vbs"},
                                          Language{"scripting.md", "js", "//", "js"}));
 
