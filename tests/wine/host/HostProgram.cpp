@@ -1,6 +1,7 @@
 #include "HostProgram.h"
 
 #include <commctrl.h>
+#include <shlobj.h>
 
 #include <stdexcept>
 
@@ -34,6 +35,9 @@ class TheirMemory {
   LPARAM address() const { return reinterpret_cast<LPARAM>(place_); }
   void read(void* to, SIZE_T size) const {
     ReadProcessMemory(process_, place_, to, size, nullptr);
+  }
+  void write(SIZE_T at, const void* from, SIZE_T size) const {
+    WriteProcessMemory(process_, static_cast<char*>(place_) + at, from, size, nullptr);
   }
 
  private:
@@ -90,6 +94,19 @@ void HostProgram::key(WORD code, unsigned shift) {
   SetForegroundWindow(window_);
   user_.until("the window in front", [&] { return GetForegroundWindow() == window_; });
   user_.key(code, shift);
+}
+
+void HostProgram::drop(const std::wstring& file) {
+  const DROPFILES head = {sizeof(DROPFILES), {}, FALSE, TRUE};
+  const SIZE_T letters = (file.size() + 1) * sizeof(wchar_t);
+  const TheirMemory theirs(process_, sizeof head + letters + sizeof(wchar_t));
+  theirs.write(0, &head, sizeof head);
+  theirs.write(sizeof head, file.c_str(), letters);
+  // Taken by the time that the window opens the file or asks about it.
+  PostMessageW(window_, WM_DROPFILES, static_cast<WPARAM>(theirs.address()), 0);
+  user_.until("the file is taken", [&] {
+    return title().starts_with(host::narrow(file.substr(file.find_last_of(L'\\') + 1)));
+  });
 }
 
 void HostProgram::enterPath(const std::vector<std::pair<std::wstring, std::wstring>>& corners) {

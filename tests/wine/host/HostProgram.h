@@ -29,6 +29,8 @@ class HostProgram {
   void command(int id) { PostMessageW(window_, WM_COMMAND, static_cast<WPARAM>(id), 0); }
   // A key while the window is in front and the picture has the keyboard.
   void key(WORD code, unsigned shift = User::None);
+  // A file let go over the window.
+  void drop(const std::wstring& file);
   // Fills in the path's dialog, which is up, and takes it.
   void enterPath(const std::vector<std::pair<std::wstring, std::wstring>>& corners);
 
