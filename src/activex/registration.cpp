@@ -9,6 +9,7 @@
 #include "activex/guids.h"
 #include "activex/identity.h"
 #include "activex/module.h"
+#include "activex/registrationJournal.h"
 #include "activex/registrationText.h"
 #include "activex/registrationTypes.h"
 
@@ -55,9 +56,9 @@ std::vector<Value> valuesOf(const std::wstring& path) {
   return values;
 }
 
-HRESULT writeClass(const RegistrationRoot& root, const std::wstring& path) {
+HRESULT writeClass(RegistrationJournal& journal, const std::wstring& path) {
   for (const Value& value : valuesOf(path)) {
-    if (!root.write(value.key, value.name, value.text)) return SELFREG_E_CLASS;
+    if (!journal.write(value.key, value.name, value.text)) return SELFREG_E_CLASS;
   }
   return S_OK;
 }
@@ -88,9 +89,10 @@ HRESULT registerControl(Scope scope) {
   const std::wstring path = modulePath();
   if (path.empty()) return SELFREG_E_CLASS;
   const RegistrationRoot root(scope);
-  HRESULT result = writeClass(root, path);
-  if (SUCCEEDED(result)) result = writeTypeLibrary(root);
-  if (FAILED(result)) unregisterFrom(root, scope);
+  RegistrationJournal journal(root);
+  HRESULT result = writeClass(journal, path);
+  if (SUCCEEDED(result)) result = writeTypeLibrary(journal);
+  if (SUCCEEDED(result)) journal.keep();
   return result;
 }
 

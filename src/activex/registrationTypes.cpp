@@ -95,25 +95,25 @@ std::wstring interfaceKey(const Interface& described) {
   return L"Interface\\" + textOf(described.id);
 }
 
-bool writeKeys(const RegistrationRoot& root, const LibraryDescription& described,
+bool writeKeys(RegistrationJournal& journal, const LibraryDescription& described,
                const std::wstring& path) {
   const LibraryAttributes& its = described.attributes;
   const std::wstring version = its.versionKey();
   // That the library lies on a disk is no property of it that anybody looks up.
   const int flags = its.flags & ~LIBFLAG_FHASDISKIMAGE;
   bool written =
-      root.write(version, nullptr, helpTextOf(*described.library.get())) &&
-      root.write(its.platformKey(), nullptr, path) &&
-      root.write(version + L"\\FLAGS", nullptr, std::to_wstring(flags)) &&
+      journal.write(version, nullptr, helpTextOf(*described.library.get())) &&
+      journal.write(its.platformKey(), nullptr, path) &&
+      journal.write(version + L"\\FLAGS", nullptr, std::to_wstring(flags)) &&
       // There is no help file, and an entry common to both bitnesses has no place for the folder
       // of one.
-      root.write(version + L"\\HELPDIR", nullptr, L"");
+      journal.write(version + L"\\HELPDIR", nullptr, L"");
   for (const Interface& one : described.interfaces) {
     const std::wstring key = interfaceKey(one);
-    written = written && root.write(key, nullptr, one.name) &&
-              root.write(key + L"\\ProxyStubClsid32", nullptr, one.proxy) &&
-              root.write(key + L"\\TypeLib", nullptr, textOf(its.id)) &&
-              root.write(key + L"\\TypeLib", L"Version", its.version());
+    written = written && journal.write(key, nullptr, one.name) &&
+              journal.write(key + L"\\ProxyStubClsid32", nullptr, one.proxy) &&
+              journal.write(key + L"\\TypeLib", nullptr, textOf(its.id)) &&
+              journal.write(key + L"\\TypeLib", L"Version", its.version());
   }
   return written;
 }
@@ -140,9 +140,9 @@ bool readAll(LibraryDescription& read) {
 
 }  // namespace
 
-HRESULT writeTypeLibrary(const RegistrationRoot& root) {
+HRESULT writeTypeLibrary(RegistrationJournal& journal) {
   LibraryDescription description;
-  const bool written = readAll(description) && writeKeys(root, description, modulePath());
+  const bool written = readAll(description) && writeKeys(journal, description, modulePath());
   return written ? S_OK : SELFREG_E_TYPELIB;
 }
 

@@ -32,12 +32,22 @@ class RefusedRegistration : public testing::TestWithParam<Extent> {
     RegDeleteTreeW(HKEY_CURRENT_USER, kStage);
   }
 
-  void refuse(const wchar_t* key) {
+  void refuse(const std::wstring& key) {
     HKEY made = nullptr;
-    EXPECT_EQ(RegCreateKeyExW(classes_, key, 0, nullptr, REG_OPTION_VOLATILE, KEY_ALL_ACCESS,
+    EXPECT_EQ(RegCreateKeyExW(classes_, key.c_str(), 0, nullptr, REG_OPTION_VOLATILE, KEY_ALL_ACCESS,
                               nullptr, &made, nullptr),
               ERROR_SUCCESS);
     RegCloseKey(made);
+  }
+
+  // As another version of the control, or another program, has left it.
+  void set(const std::wstring& key, DWORD type, const std::wstring& text) {
+    EXPECT_EQ(RegSetKeyValueW(classes_, key.c_str(), nullptr, type, text.c_str(),
+                              static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t))),
+              ERROR_SUCCESS);
+  }
+  void remove(const std::wstring& key) {
+    EXPECT_EQ(RegDeleteTreeW(classes_, key.c_str()), ERROR_SUCCESS);
   }
 
   HRESULT install(BOOL install) {
@@ -93,19 +103,63 @@ TEST_P(RefusedRegistration, SucceedsWhenNothingIsRefused) {
 
 TEST_P(RefusedRegistration, OfTheNamesIsReported) {
   refuse(L"Kelvane.KelvaneCtl.1");
+  const RegistryTree before = classes();
   EXPECT_EQ(install(TRUE), SELFREG_E_CLASS);
-  EXPECT_EQ(left(), L"");
+  EXPECT_EQ(difference(before, classes()), "");
 }
 
 TEST_P(RefusedRegistration, OfTheClassTakesBackTheNames) {
   refuse(L"CLSID");
+  const RegistryTree before = classes();
   EXPECT_EQ(install(TRUE), SELFREG_E_CLASS);
-  EXPECT_EQ(left(), L"");
+  EXPECT_EQ(difference(before, classes()), "");
 }
 
 TEST_P(RefusedRegistration, OfTheTypesTakesBackTheClass) {
   refuse(L"TypeLib");
+  const RegistryTree before = classes();
   EXPECT_EQ(install(TRUE), SELFREG_E_TYPELIB);
+  EXPECT_EQ(difference(before, classes()), "");
+}
+
+// An earlier registration, by another version in another folder, that worked.
+class RefusedRepetition : public RefusedRegistration {
+ protected:
+  void SetUp() override {
+    RefusedRegistration::SetUp();
+    ASSERT_EQ(install(TRUE), S_OK);
+    set(kClass, REG_SZ, L"An older section control");
+    set(kClass + L"\\InprocServer32", REG_EXPAND_SZ, L"%ProgramFiles%\\Older\\KelvaneCtl.ocx");
+    set(kClass + L"\\Insertable", REG_SZ, L"");
+    remove(kClass + L"\\Programmable");
+    remove(L"Kelvane.KelvaneCtl\\CurVer");
+  }
+};
+
+INSTANTIATE_TEST_SUITE_P(For, RefusedRepetition, testing::Values(kMachine, kUser),
+                         testing::PrintToStringParamName());
+
+TEST_P(RefusedRepetition, OfTheClassLeavesTheEarlierOne) {
+  remove(kClass + L"\\Implemented Categories");
+  refuse(kClass + L"\\Implemented Categories");
+  const RegistryTree before = classes();
+  EXPECT_EQ(install(TRUE), SELFREG_E_CLASS);
+  EXPECT_EQ(difference(before, classes()), "");
+}
+
+TEST_P(RefusedRepetition, OfTheTypesLeavesTheEarlierOne) {
+  remove(std::wstring(L"Interface\\") + kInterfaceId);
+  refuse(std::wstring(L"Interface\\") + kInterfaceId);
+  const RegistryTree before = classes();
+  EXPECT_EQ(install(TRUE), SELFREG_E_TYPELIB);
+  EXPECT_EQ(difference(before, classes()), "");
+}
+
+TEST_P(RefusedRepetition, OfNothingReplacesTheEarlierOne) {
+  const RegistryTree before = classes();
+  EXPECT_EQ(install(TRUE), S_OK);
+  EXPECT_NE(difference(before, classes()), "");
+  EXPECT_EQ(install(FALSE), S_OK);
   EXPECT_EQ(left(), L"");
 }
 

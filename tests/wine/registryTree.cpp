@@ -24,6 +24,7 @@ void readInto(RegistryTree& tree, HKEY key, const std::wstring& path, Buffers& b
                                          data.data(), &dataLength);
     if (status != ERROR_SUCCESS && status != ERROR_MORE_DATA) break;
     tree[path + L":" + std::wstring(name.data(), nameLength)] =
+        std::to_wstring(type) + L" " +
         std::wstring(data.data(), data.data() + std::min<std::size_t>(dataLength, data.size()));
   }
   for (DWORD index = 0;; ++index) {

@@ -7,7 +7,8 @@
 
 namespace winetest {
 
-// Every key and value below a key: path (a value's path ends in ":" and its name) to contents.
+// Every key and value below a key: path (a value's path ends in ":" and its name) to contents, which
+// begin with the type of the value.
 using RegistryTree = std::map<std::wstring, std::wstring>;
 RegistryTree readTree(HKEY root, const std::wstring& path);
 
