@@ -9,6 +9,13 @@ else()
   execute_process(COMMAND ${SAMPLES} ${WORK} COMMAND_ERROR_IS_FATAL ANY)
   set(data ${WORK}/${FILE})
 endif()
+if(FILE STREQUAL "ocean5.nc")
+  execute_process(COMMAND ${NCCOPY} -k cdf5 ${WORK}/ocean.nc ${data} COMMAND_ERROR_IS_FATAL ANY)
+  file(READ ${data} kind LIMIT 4 HEX)
+  if(NOT kind STREQUAL "43444605")
+    message(FATAL_ERROR "${data} is no CDF-5 file")
+  endif()
+endif()
 
 # The netCDF library of Windows knows a file by its Windows path; drive Z is the root here.
 string(REPLACE "/" "\\" windows_data "Z:${data}")
