@@ -34,7 +34,7 @@ HWND PathDialog::onInit() {
   ListView_SetExtendedListViewStyle(list, LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES);
   RECT area = {};
   GetClientRect(list, &area);
-  const int bar = GetSystemMetrics(SM_CXVSCROLL), number = area.right / 7;
+  const int bar = GetSystemMetrics(SM_CXVSCROLL), number = area.right / 5;
   const int width = (area.right - bar - number) / 2;
   const std::pair<const wchar_t*, int> columns[] = {
       {L"Point", number}, {L"Longitude", width}, {L"Latitude", width}};

@@ -15,6 +15,7 @@ namespace winetest {
 class HostTest : public testing::Test {
  protected:
   HostTest() {
+    haveMenuHeight();
     forget();
     support::makeTinySet(folder_.file("tiny.nc"));
   }
@@ -23,6 +24,15 @@ class HostTest : public testing::Test {
     forget();
   }
 
+  // Where there is no display, Wine sets up a user whose menus fill the window, and more.
+  static void haveMenuHeight() {
+    NONCLIENTMETRICSW metrics = {};
+    metrics.cbSize = sizeof metrics;
+    SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
+    if (metrics.iMenuHeight < 200) return;
+    metrics.iMenuHeight = metrics.iCaptionHeight;
+    SystemParametersInfoW(SPI_SETNONCLIENTMETRICS, sizeof metrics, &metrics, SPIF_UPDATEINIFILE);
+  }
   static void forget() { RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\Kelvane\\KelvaneHost"); }
   std::wstring file(const std::string& name) const { return host::wide(folder_.file(name)); }
 

@@ -1,6 +1,7 @@
 #include "HostTest.h"
 #include "childProcess.h"
 #include "library.h"
+#include "userActions.h"
 
 namespace winetest {
 namespace {
@@ -71,10 +72,7 @@ TEST_F(HostControl, SaysThatThereIsNoKeyToUse) {
 TEST_F(HostControl, SaysThatAKeyFileHasNoKey) {
   startDrawn();
   program_->command(ID_LOAD_KEY);
-  SetLastError(0);
-  const HWND dialog = program_->user().dialog(L"Load Color Key");
-  SetDlgItemTextW(dialog, 0x480, file("tiny.nc").c_str());
-  program_->user().click(dialog, IDOK);
+  chooseName(program_->user(), L"Load Color Key", file("tiny.nc"));
   program_->user().until("the message", [&] { return !program_->message().empty(); });
   program_->key(VK_RIGHT);
   program_->untilStep("2");

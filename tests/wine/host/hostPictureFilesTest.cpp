@@ -24,7 +24,8 @@ class HostPictureFiles : public HostTest {
     control_.call(L"AddSection", {354.5, 0.4});
     control_.call(L"EndSection");
     control_.put(L"DrawProfile", profile);
-    control_.call(L"SetCurrentTime", {step});
+    // Every step in turn: the first one sets the range of the colours.
+    for (int k = 1; k <= step; ++k) control_.call(L"SetCurrentTime", {k});
     return host::drawWithoutForm(control_, width, height);
   }
   // The picture's size in the program's window.
@@ -108,12 +109,10 @@ TEST_F(HostPictureFiles, LeaveTheOldFileWhereTheyCannotBeWritten) {
   WriteFile(held, "old", 3, &written, nullptr);
   User& user = program_->user();
   program_->key('S', User::WithControl);
-  HWND size = user.dialog(L"Save Picture");
+  const HWND size = user.dialog(L"Save Picture");
   user.click(size, IDOK);
   user.untilGone(size);
-  const HWND dialog = user.dialog(L"Save Picture");
-  SetDlgItemTextW(dialog, 0x480, name.c_str());
-  user.click(dialog, IDOK);
+  const HWND dialog = enterName(user, L"Save Picture", name);
   // The system asks whether the old file may go.
   HWND question = nullptr;
   user.until("the question", [&] {

@@ -42,12 +42,10 @@ class HostPictures : public HostTest {
 
   // The window with all that is on it, once it is painted.
   void look(User& user, HWND window, const wchar_t* name) {
-    user.until("all is painted", [&] {
+    user.onMainThread([window] {
       RedrawWindow(window, nullptr, nullptr,
                    RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW);
-      return !GetUpdateRect(window, nullptr, FALSE);
     });
-    SendMessageW(window, WM_NULL, 0, 0);
     RECT place = {};
     GetWindowRect(window, &place);
     const int width = place.right - place.left, height = place.bottom - place.top;

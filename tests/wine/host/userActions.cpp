@@ -16,7 +16,7 @@ void putOnClipboard(const std::wstring& text) {
   CloseClipboard();
 }
 
-void chooseName(User& user, const std::wstring& caption, const std::wstring& name) {
+HWND enterName(User& user, const std::wstring& caption, const std::wstring& name) {
   constexpr int nameCombo = 0x47C, nameEdit = 0x480;  // by the system's own templates
   const HWND dialog = user.dialog(caption);
   HWND box = nullptr;
@@ -27,7 +27,11 @@ void chooseName(User& user, const std::wstring& caption, const std::wstring& nam
   });
   SendMessageW(box, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(name.c_str()));
   user.click(dialog, IDOK);
-  user.untilGone(dialog);
+  return dialog;
+}
+
+void chooseName(User& user, const std::wstring& caption, const std::wstring& name) {
+  user.untilGone(enterName(user, caption, name));
 }
 
 }  // namespace winetest
