@@ -80,15 +80,22 @@ class InstallerTest(InstallerCase):
         self.install(self.architecture)
         program = self.machine.start(
             self.windows_folder(self.architecture) + '\\KelvaneHost.exe')
+        self.addCleanup(program.communicate)
+        self.addCleanup(program.kill)
         # A program is asked to close through its windows: what ends has had one.
         for _ in range(60):
             time.sleep(0.5)
             self.machine.run('taskkill', '/im', 'KelvaneHost.exe')
             if program.poll() is not None:
                 break
-        program.kill()
-        program.communicate()
-        self.assertEqual(program.returncode, 0)
+        self.assertEqual(program.poll(), 0)
+        self.remove(self.architecture)
+        # What stays are the user's own settings, for the next version.
+        settings = [values for key, values in self.machine.registry().items()
+                    if key.endswith('\\SOFTWARE\\KELVANE\\KELVANEHOST')]
+        self.assertIn('"Window"', settings[0])
+        self.machine.run('reg', 'delete', 'HKCU\\Software\\Kelvane', '/f')
+        self.assert_as_before()
 
     def test_repairs_what_was_lost(self):
         self.install(self.architecture)
