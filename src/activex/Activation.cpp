@@ -36,8 +36,7 @@ HRESULT Activation::enterSite(const ComPtr<IOleInPlaceSite>& site) {
   info.cb = sizeof info;
   result = site->GetWindow(&parent);
   if (SUCCEEDED(result)) {
-    result =
-        site->GetWindowContext(frame_.receive(), document_.receive(), &place, &clip, &info);
+    result = site->GetWindowContext(frame_.receive(), document_.receive(), &place, &clip, &info);
   }
   if (!active()) result = E_FAIL;  // the host took the control down while it was asked
   if (SUCCEEDED(result) && !window_.create(parent, place)) result = E_FAIL;

@@ -9,7 +9,7 @@ BottomUpBitmap::BottomUpBitmap(int width, int height, const std::function<void(H
   const auto size = std::int64_t{4} * width * height;
   if (size > MAXLONG) return;
   info_.bmiHeader = {sizeof(BITMAPINFOHEADER), width, height, 1, 32, BI_RGB,
-                     static_cast<DWORD>(size), 0, 0, 0, 0};
+                     static_cast<DWORD>(size), 0,     0,      0, 0};
   void* bits = nullptr;
   bitmap_.reset(CreateDIBSection(nullptr, &info_, DIB_RGB_COLORS, &bits, nullptr, 0));
   const platform::MemoryDc dc(CreateCompatibleDC(nullptr));

@@ -58,8 +58,8 @@ HRESULT STDMETHODCALLTYPE EventPoint::GetConnectionInterface(IID* iid) {
   return S_OK;
 }
 
-HRESULT STDMETHODCALLTYPE EventPoint::GetConnectionPointContainer(
-    IConnectionPointContainer** container) {
+HRESULT STDMETHODCALLTYPE
+EventPoint::GetConnectionPointContainer(IConnectionPointContainer** container) {
   if (container == nullptr) return E_POINTER;
   return control_.QueryInterface(IID_IConnectionPointContainer,
                                  reinterpret_cast<void**>(container));

@@ -25,8 +25,8 @@ class EventPoint final : public IConnectionPoint {
   ULONG STDMETHODCALLTYPE Release() override { return control_.Release(); }
 
   HRESULT STDMETHODCALLTYPE GetConnectionInterface(IID* iid) override;
-  HRESULT STDMETHODCALLTYPE GetConnectionPointContainer(
-      IConnectionPointContainer** container) override;
+  HRESULT STDMETHODCALLTYPE
+  GetConnectionPointContainer(IConnectionPointContainer** container) override;
   // CONNECT_E_CANNOTCONNECT when the sink is for other events.
   HRESULT STDMETHODCALLTYPE Advise(IUnknown* sink, DWORD* connection) override;
   HRESULT STDMETHODCALLTYPE Unadvise(DWORD connection) override;

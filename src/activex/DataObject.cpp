@@ -96,9 +96,7 @@ HRESULT STDMETHODCALLTYPE DataObject::GetCanonicalFormatEtc(FORMATETC* format, F
   return format->ptd == nullptr ? DATA_S_SAMEFORMATETC : S_OK;
 }
 
-HRESULT STDMETHODCALLTYPE DataObject::SetData(FORMATETC*, STGMEDIUM*, WINBOOL) {
-  return E_NOTIMPL;
-}
+HRESULT STDMETHODCALLTYPE DataObject::SetData(FORMATETC*, STGMEDIUM*, WINBOOL) { return E_NOTIMPL; }
 
 HRESULT STDMETHODCALLTYPE DataObject::EnumFormatEtc(DWORD direction, IEnumFORMATETC** formats) {
   if (formats == nullptr) return E_POINTER;

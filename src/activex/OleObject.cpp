@@ -154,10 +154,17 @@ HRESULT STDMETHODCALLTYPE OleObject::GetUserType(DWORD form, LPOLESTR* name) {
   if (name == nullptr) return E_POINTER;
   *name = nullptr;
   switch (form) {
-    case USERCLASSTYPE_FULL: *name = copyForCaller(kUserType); break;
-    case USERCLASSTYPE_SHORT: *name = copyForCaller(kShortUserType); break;
-    case USERCLASSTYPE_APPNAME: *name = copyForCaller(kApplication); break;
-    default: return E_INVALIDARG;
+    case USERCLASSTYPE_FULL:
+      *name = copyForCaller(kUserType);
+      break;
+    case USERCLASSTYPE_SHORT:
+      *name = copyForCaller(kShortUserType);
+      break;
+    case USERCLASSTYPE_APPNAME:
+      *name = copyForCaller(kApplication);
+      break;
+    default:
+      return E_INVALIDARG;
   }
   return *name != nullptr ? S_OK : E_OUTOFMEMORY;
 }

@@ -29,8 +29,7 @@ class OleObject final : public Role<IOleObject> {
   HRESULT STDMETHODCALLTYPE GetClipboardData(DWORD, IDataObject** data) override;
   // OLEIVERB_PROPERTIES shows the options. A verb of the system's that is not known is E_NOTIMPL;
   // one of the object's own stands for the primary one, which OLEOBJ_S_INVALIDVERB tells.
-  HRESULT STDMETHODCALLTYPE DoVerb(LONG verb, LPMSG, IOleClientSite*, LONG, HWND,
-                                   LPCRECT) override;
+  HRESULT STDMETHODCALLTYPE DoVerb(LONG verb, LPMSG, IOleClientSite*, LONG, HWND, LPCRECT) override;
   HRESULT STDMETHODCALLTYPE EnumVerbs(IEnumOLEVERB** verbs) override;
   HRESULT STDMETHODCALLTYPE Update() override;
   HRESULT STDMETHODCALLTYPE IsUpToDate() override;

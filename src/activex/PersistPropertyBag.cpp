@@ -19,8 +19,7 @@ HRESULT STDMETHODCALLTYPE PersistPropertyBag::Load(IPropertyBag* bag, IErrorLog*
   });
 }
 
-HRESULT STDMETHODCALLTYPE PersistPropertyBag::Save(IPropertyBag* bag, WINBOOL clearDirty,
-                                                   WINBOOL) {
+HRESULT STDMETHODCALLTYPE PersistPropertyBag::Save(IPropertyBag* bag, WINBOOL clearDirty, WINBOOL) {
   if (bag == nullptr) return E_POINTER;
   return guarded(object(), [&] {
     const HRESULT saved = SavedState::save(instance_, *bag);

@@ -6,9 +6,7 @@
 
 namespace activex {
 
-HRESULT STDMETHODCALLTYPE PersistStreamInit::IsDirty() {
-  return instance_.dirty ? S_OK : S_FALSE;
-}
+HRESULT STDMETHODCALLTYPE PersistStreamInit::IsDirty() { return instance_.dirty ? S_OK : S_FALSE; }
 
 HRESULT STDMETHODCALLTYPE PersistStreamInit::Load(IStream* stream) {
   if (stream == nullptr) return E_POINTER;

@@ -30,8 +30,8 @@ HRESULT STDMETHODCALLTYPE ViewObject::Draw(DWORD aspect, LONG index, void*, DVTA
   });
 }
 
-HRESULT STDMETHODCALLTYPE ViewObject::GetColorSet(DWORD aspect, LONG index, void*,
-                                                  DVTARGETDEVICE*, HDC, LOGPALETTE** colours) {
+HRESULT STDMETHODCALLTYPE ViewObject::GetColorSet(DWORD aspect, LONG index, void*, DVTARGETDEVICE*,
+                                                  HDC, LOGPALETTE** colours) {
   if (colours == nullptr) return E_POINTER;
   *colours = nullptr;
   const HRESULT checked = check(aspect, index);
@@ -76,8 +76,7 @@ HRESULT STDMETHODCALLTYPE ViewObject::SetAdvise(DWORD aspects, DWORD flags, IAdv
   });
 }
 
-HRESULT STDMETHODCALLTYPE ViewObject::GetAdvise(DWORD* aspects, DWORD* flags,
-                                                IAdviseSink** sink) {
+HRESULT STDMETHODCALLTYPE ViewObject::GetAdvise(DWORD* aspects, DWORD* flags, IAdviseSink** sink) {
   instance_.view.get(aspects, flags, sink);
   return S_OK;
 }

@@ -48,8 +48,8 @@ bool Ambient::read(DISPID id, VARTYPE type, VARIANT& value) const {
     return false;
   }
   if (type == VT_EMPTY) return SUCCEEDED(VariantCopy(&value, &plain.value));  // as it is
-  return SUCCEEDED(VariantChangeTypeEx(&value, &plain.value, LOCALE_INVARIANT,
-                                       VARIANT_NOVALUEPROP, type));
+  return SUCCEEDED(
+      VariantChangeTypeEx(&value, &plain.value, LOCALE_INVARIANT, VARIANT_NOVALUEPROP, type));
 }
 
 bool Ambient::flag(DISPID id, bool otherwise) const {

@@ -53,10 +53,9 @@ bool drawIn(HDC dc, const RECT& bounds, const Draw& draw) {
 bool stretch(const BottomUpBitmap& copy, HDC dc, const RECT& place) {
   const BITMAPINFO& info = copy.info();
   const int mode = SetStretchBltMode(dc, COLORONCOLOR);
-  const int rows = StretchDIBits(dc, place.left, place.top, place.right - place.left,
-                                 place.bottom - place.top, 0, 0, info.bmiHeader.biWidth,
-                                 info.bmiHeader.biHeight, copy.bits(), &info, DIB_RGB_COLORS,
-                                 SRCCOPY);
+  const int rows = StretchDIBits(
+      dc, place.left, place.top, place.right - place.left, place.bottom - place.top, 0, 0,
+      info.bmiHeader.biWidth, info.bmiHeader.biHeight, copy.bits(), &info, DIB_RGB_COLORS, SRCCOPY);
   if (mode != 0) SetStretchBltMode(dc, mode);
   return rows != 0 && rows != static_cast<int>(GDI_ERROR);
 }
@@ -66,8 +65,7 @@ bool stretch(const BottomUpBitmap& copy, HDC dc, const RECT& place) {
 bool isDrawable(const RECT& bounds) {
   constexpr LONG farthest = 0x03FFFFFF;  // differences still fit into the system's 27 bits
   const auto inside = [](LONG place) { return -farthest <= place && place <= farthest; };
-  return inside(bounds.left) && inside(bounds.top) && inside(bounds.right) &&
-         inside(bounds.bottom);
+  return inside(bounds.left) && inside(bounds.top) && inside(bounds.right) && inside(bounds.bottom);
 }
 
 bool drawPicture(Instance& instance, HDC dc, const RECT& bounds) {

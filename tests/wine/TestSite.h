@@ -128,9 +128,7 @@ class TestSite final : public IOleClientSite,
   HRESULT STDMETHODCALLTYPE TranslateAccelerator(LPMSG, WORD) override { return S_FALSE; }
 
   // IOleControlSite
-  HRESULT STDMETHODCALLTYPE OnControlInfoChanged() override {
-    return told("OnControlInfoChanged");
-  }
+  HRESULT STDMETHODCALLTYPE OnControlInfoChanged() override { return told("OnControlInfoChanged"); }
   HRESULT STDMETHODCALLTYPE LockInPlaceActive(BOOL) override { return told("LockInPlaceActive"); }
   HRESULT STDMETHODCALLTYPE GetExtendedControl(IDispatch** control) override {
     *control = nullptr;

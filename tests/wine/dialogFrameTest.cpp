@@ -44,7 +44,8 @@ TEST_F(DialogFrame, StandsStillWhileDialogsAreUp) {
                            user.chooseColor({});
                            user.click(editor, IDC_CMDIMPORT);
                            PostMessageW(user.dialog(kOpen), WM_COMMAND, IDCANCEL, 0);
-                           user.until("back from the file", [&] { return site_.modelessPauses == 2; });
+                           user.until("back from the file",
+                                      [&] { return site_.modelessPauses == 2; });
                            user.until("the editor", [&] { return IsWindowEnabled(editor) != 0; });
                            user.click(editor, IDCANCEL);
                            user.untilGone(editor);

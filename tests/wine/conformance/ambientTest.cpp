@@ -54,7 +54,9 @@ class Ambient : public Sited {
     EXPECT_EQ(picture.at(kWidth - 1, kHeight - 1), fore);
   }
   // All white, as a control that runs and has drawn nothing.
-  static Picture blank() { return host::takePicture(kWidth, kHeight, [](HDC) {}); }
+  static Picture blank() {
+    return host::takePicture(kWidth, kHeight, [](HDC) {});
+  }
 };
 
 TEST_F(Ambient, ColoursAreThoseOfTheForm) {

@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-
 #include <olectl.h>
 
 #include "AdviseSink.h"

@@ -71,9 +71,9 @@ TEST_F(DataSink, IsPrimedWhereItAsksForIt) {
   ASSERT_EQ(sink.media.size(), 1U);
   EXPECT_EQ(sink.media[0], static_cast<DWORD>(TYMED_GDI));
   EXPECT_EQ(data_->DUnadvise(connection), S_OK);
-  ASSERT_EQ(data_->DAdvise(&bitmap, ADVF_PRIMEFIRST | ADVF_NODATA | ADVF_ONLYONCE, &sink,
-                           &connection),
-            S_OK);
+  ASSERT_EQ(
+      data_->DAdvise(&bitmap, ADVF_PRIMEFIRST | ADVF_NODATA | ADVF_ONLYONCE, &sink, &connection),
+      S_OK);
   ASSERT_EQ(sink.media.size(), 2U);
   EXPECT_EQ(sink.media[1], static_cast<DWORD>(TYMED_NULL));
   object_.call(L"ReDraw");

@@ -20,12 +20,8 @@ class Extents : public Sited {
   SIZEL rounded(LONG width, LONG height) const {
     return {MulDiv(width, 2540, dpi_), MulDiv(height, 2540, dpi_)};
   }
-  SIZEL cut(LONG width, LONG height) const {
-    return {width * 2540 / dpi_, height * 2540 / dpi_};
-  }
-  void give(SIZEL wanted) {
-    ASSERT_EQ(control_.ole()->SetExtent(DVASPECT_CONTENT, &wanted), S_OK);
-  }
+  SIZEL cut(LONG width, LONG height) const { return {width * 2540 / dpi_, height * 2540 / dpi_}; }
+  void give(SIZEL wanted) { ASSERT_EQ(control_.ole()->SetExtent(DVASPECT_CONTENT, &wanted), S_OK); }
   void expectExtent(const SIZEL& wanted) {
     EXPECT_EQ(extent().cx, wanted.cx);
     EXPECT_EQ(extent().cy, wanted.cy);

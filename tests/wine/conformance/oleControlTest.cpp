@@ -36,7 +36,8 @@ TEST_F(OleControl, FreezesEventsAsOftenAsAsked) {
 }
 
 TEST_F(OleControl, TakesChangesOfTheSurroundingsAtAnyTime) {
-  for (const DISPID id : std::vector<DISPID>{DISPID_AMBIENT_BACKCOLOR, DISPID_UNKNOWN, 12345, -77}) {
+  for (const DISPID id :
+       std::vector<DISPID>{DISPID_AMBIENT_BACKCOLOR, DISPID_UNKNOWN, 12345, -77}) {
     EXPECT_EQ(role_->OnAmbientPropertyChange(id), S_OK);
     ASSERT_EQ(doVerb(OLEIVERB_INPLACEACTIVATE), S_OK);
     EXPECT_EQ(role_->OnAmbientPropertyChange(id), S_OK);
@@ -57,9 +58,9 @@ TEST_F(OleControl, IsMadeActiveTheSlowWay) {
   EXPECT_EQ(role_->FreezeEvents(FALSE), S_OK);
   site_.place = {20, 20, 120, 100};
   const RECT place = site_.place, clip = {-32000, -32000, 32000, 32000};
-  EXPECT_EQ(control_.ole()->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, &site_, -1, form_.handle(),
-                                   &place),
-            S_OK);
+  EXPECT_EQ(
+      control_.ole()->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, &site_, -1, form_.handle(), &place),
+      S_OK);
   EXPECT_EQ(site_.count("ShowObject"), 1);
   EXPECT_NE(window(), nullptr);
   EXPECT_EQ(inPlace_->SetObjectRects(&place, &clip), S_OK);

@@ -5,7 +5,6 @@ namespace {
 
 using PersistPropertyBag = Keeping<IPersistPropertyBag>;
 
-
 TEST_F(PersistPropertyBag, BringsTheExtentBack) {
   Bag bag;
   EXPECT_EQ(persist_->InitNew(), S_OK);

@@ -23,9 +23,8 @@ class PersistStorage : public Keeping<IPersistStorage> {
   }
   static std::vector<BYTE> contentsOf(IStorage* storage) {
     ComOwner<IStream> stream;
-    const HRESULT opened = storage->OpenStream(L"Contents", nullptr,
-                                               STGM_READ | STGM_SHARE_EXCLUSIVE, 0,
-                                               stream.receive());
+    const HRESULT opened = storage->OpenStream(
+        L"Contents", nullptr, STGM_READ | STGM_SHARE_EXCLUSIVE, 0, stream.receive());
     if (FAILED(opened)) return {};
     std::vector<BYTE> bytes(100);
     ULONG read = 0;
@@ -167,8 +166,8 @@ TEST_F(PersistStorage, IsHeldByNobodyAfterwards) {
 
 TEST(Persist, IsOneIdentityAndOneClass) {
   BareControl control;
-  for (const IID& id : {IID_IPersist, IID_IPersistStreamInit, IID_IPersistPropertyBag,
-                        IID_IPersistStorage}) {
+  for (const IID& id :
+       {IID_IPersist, IID_IPersistStreamInit, IID_IPersistPropertyBag, IID_IPersistStorage}) {
     ComOwner<IPersist> role;
     ComOwner<IUnknown> identity;
     ASSERT_EQ(control.identity()->QueryInterface(id, role.receiveAny()), S_OK);

@@ -12,9 +12,8 @@ class PersistTogether : public Keeping<IPersistStreamInit> {
     CreateStreamOnHGlobal(nullptr, TRUE, stream_.receive());
     ComOwner<ILockBytes> bytes;
     CreateILockBytesOnHGlobal(nullptr, TRUE, bytes.receive());
-    StgCreateDocfileOnILockBytes(bytes.get(),
-                                 STGM_CREATE | STGM_READWRITE | STGM_SHARE_EXCLUSIVE, 0,
-                                 kept_.receive());
+    StgCreateDocfileOnILockBytes(bytes.get(), STGM_CREATE | STGM_READWRITE | STGM_SHARE_EXCLUSIVE,
+                                 0, kept_.receive());
   }
 
   ComOwner<IPersistPropertyBag> bag_;
@@ -57,9 +56,9 @@ TEST_F(PersistTogether, ReadsTheStreamOfAStorage) {
   ASSERT_EQ(storage_->SaveCompleted(nullptr), S_OK);
   setExtent(1, 2);
   ComOwner<IStream> inner;
-  ASSERT_EQ(kept_->OpenStream(L"Contents", nullptr, STGM_READ | STGM_SHARE_EXCLUSIVE, 0,
-                              inner.receive()),
-            S_OK);
+  ASSERT_EQ(
+      kept_->OpenStream(L"Contents", nullptr, STGM_READ | STGM_SHARE_EXCLUSIVE, 0, inner.receive()),
+      S_OK);
   ASSERT_EQ(persist_->Load(inner.get()), S_OK);
   expectExtent(7000, 5000);
 }

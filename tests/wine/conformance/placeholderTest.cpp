@@ -64,9 +64,9 @@ class Placeholder : public testing::Test {
 
 TEST_F(Placeholder, StandsInTheWindowAndInTheView) {
   expectPlaceholder(ofView());
-  ASSERT_EQ(control_.ole()->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, &site_, 0, form_.handle(),
-                                   nullptr),
-            S_OK);
+  ASSERT_EQ(
+      control_.ole()->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, &site_, 0, form_.handle(), nullptr),
+      S_OK);
   expectPlaceholder(ofWindow());
   expectPlaceholder(ofView());
 }
@@ -90,9 +90,8 @@ TEST_F(Placeholder, StandsInMetafilesAndData) {
   const HDC recorder = CreateMetaFileW(nullptr);
   draw(recorder, {0, 0, kWidth, kHeight});
   const HMETAFILE metafile = CloseMetaFile(recorder);
-  expectPlaceholder(host::takePicture(kWidth, kHeight, [&](HDC dc) {
-    EXPECT_TRUE(PlayMetaFile(dc, metafile));
-  }));
+  expectPlaceholder(
+      host::takePicture(kWidth, kHeight, [&](HDC dc) { EXPECT_TRUE(PlayMetaFile(dc, metafile)); }));
   DeleteMetaFile(metafile);
 }
 

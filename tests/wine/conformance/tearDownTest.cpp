@@ -72,11 +72,21 @@ TEST_F(TearDown, WorksInAnyOrder) {
     ASSERT_EQ(doVerb(OLEIVERB_UIACTIVATE), S_OK);
     for (const int step : order) {
       switch (step) {
-        case 0: EXPECT_EQ(inPlace_->UIDeactivate(), S_OK); break;
-        case 1: EXPECT_EQ(inPlace_->InPlaceDeactivate(), S_OK); break;
-        case 2: EXPECT_EQ(close(OLECLOSE_SAVEIFDIRTY), S_OK); break;
-        case 3: EXPECT_EQ(control_.ole()->SetClientSite(nullptr), S_OK); break;
-        default: DestroyWindow(window()); break;
+        case 0:
+          EXPECT_EQ(inPlace_->UIDeactivate(), S_OK);
+          break;
+        case 1:
+          EXPECT_EQ(inPlace_->InPlaceDeactivate(), S_OK);
+          break;
+        case 2:
+          EXPECT_EQ(close(OLECLOSE_SAVEIFDIRTY), S_OK);
+          break;
+        case 3:
+          EXPECT_EQ(control_.ole()->SetClientSite(nullptr), S_OK);
+          break;
+        default:
+          DestroyWindow(window());
+          break;
       }
     }
     ASSERT_EQ(window(), nullptr);

@@ -1,6 +1,5 @@
-#include <gtest/gtest.h>
-
 #include <dispex.h>
+#include <gtest/gtest.h>
 #include <objsafe.h>
 #include <ocidl.h>
 

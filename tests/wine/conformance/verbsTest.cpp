@@ -70,11 +70,10 @@ TEST_F(Verbs, UnknownOnesAreRefusedOrStandForThePrimaryOne) {
 
 TEST_F(Verbs, PropertiesShowsTheOptions) {
   HRESULT done = E_FAIL;
-  EXPECT_EQ(User::during([&] { done = doVerb(OLEIVERB_PROPERTIES); },
-                         [](User& user) {
-                           user.click(user.dialog(L"Section View Options"), IDCANCEL);
-                         }),
-            "");
+  EXPECT_EQ(
+      User::during([&] { done = doVerb(OLEIVERB_PROPERTIES); },
+                   [](User& user) { user.click(user.dialog(L"Section View Options"), IDCANCEL); }),
+      "");
   EXPECT_EQ(done, S_OK);
 }
 

@@ -73,11 +73,9 @@ TEST_F(ViewObject, StandsUprightInEveryMapMode) {
 TEST_F(ViewObject, GoesIntoAMetafileAndBack) {
   // The frame is told in hundredths of a millimetre of the reference device.
   const HDC screen = GetDC(nullptr);
-  const RECT frame = {0, 0,
-                      MulDiv(kWidth, 100 * GetDeviceCaps(screen, HORZSIZE),
-                             GetDeviceCaps(screen, HORZRES)),
-                      MulDiv(kHeight, 100 * GetDeviceCaps(screen, VERTSIZE),
-                             GetDeviceCaps(screen, VERTRES))};
+  const RECT frame = {
+      0, 0, MulDiv(kWidth, 100 * GetDeviceCaps(screen, HORZSIZE), GetDeviceCaps(screen, HORZRES)),
+      MulDiv(kHeight, 100 * GetDeviceCaps(screen, VERTSIZE), GetDeviceCaps(screen, VERTRES))};
   const HDC recorder = CreateEnhMetaFileW(screen, nullptr, &frame, nullptr);
   ReleaseDC(nullptr, screen);
   ASSERT_EQ(draw(recorder, {0, 0, kWidth, kHeight}), S_OK);
@@ -94,9 +92,8 @@ TEST_F(ViewObject, GoesIntoAnOldMetafileAndBack) {
   const HDC recorder = CreateMetaFileW(nullptr);
   ASSERT_EQ(draw(recorder, {0, 0, kWidth, kHeight}), S_OK);
   const HMETAFILE metafile = CloseMetaFile(recorder);
-  const Picture played = host::takePicture(kWidth, kHeight, [&](HDC dc) {
-    EXPECT_TRUE(PlayMetaFile(dc, metafile));
-  });
+  const Picture played =
+      host::takePicture(kWidth, kHeight, [&](HDC dc) { EXPECT_TRUE(PlayMetaFile(dc, metafile)); });
   DeleteMetaFile(metafile);
   EXPECT_TRUE(played == plain());
 }

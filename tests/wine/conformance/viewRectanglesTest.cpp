@@ -12,7 +12,9 @@ class ViewRectangles : public DrawnControl {
   Picture drawnIn(const RECTL& bounds) {
     return host::takePicture(kWidth, kHeight, [&](HDC dc) { EXPECT_EQ(draw(dc, bounds), S_OK); });
   }
-  static Picture blank() { return host::takePicture(kWidth, kHeight, [](HDC) {}); }
+  static Picture blank() {
+    return host::takePicture(kWidth, kHeight, [](HDC) {});
+  }
 };
 
 TEST_F(ViewRectangles, WithCornersInAnyOrderHoldTheSamePicture) {
@@ -105,11 +107,11 @@ TEST_F(ViewRectangles, AreLeftAloneWhenTheHostSaysStop) {
     return control_.view()->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, dc, &bounds,
                                  nullptr, ask, reinterpret_cast<ULONG_PTR>(&asked));
   };
-  const Picture stopped = host::takePicture(
-      kWidth, kHeight, [&](HDC dc) { EXPECT_EQ(drawAsking(dc, stop), E_ABORT); });
+  const Picture stopped =
+      host::takePicture(kWidth, kHeight, [&](HDC dc) { EXPECT_EQ(drawAsking(dc, stop), E_ABORT); });
   EXPECT_TRUE(stopped == blank());
-  const Picture whole = host::takePicture(
-      kWidth, kHeight, [&](HDC dc) { EXPECT_EQ(drawAsking(dc, goOn), S_OK); });
+  const Picture whole =
+      host::takePicture(kWidth, kHeight, [&](HDC dc) { EXPECT_EQ(drawAsking(dc, goOn), S_OK); });
   EXPECT_TRUE(whole == plain());
   EXPECT_EQ(asked, 1);
 }
