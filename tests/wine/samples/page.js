@@ -1,5 +1,5 @@
 // What the script of a page sees of its page, for the script host: elements, a clock, a user.
-var elements = {}, handlers = {}, clock = null, theControl;
+var elements = {}, handlers = {}, clock = null, onChoice, theControl;
 
 function addElement(id) {
   elements[id] = { innerText: "", value: "", disabled: false, options: [] };
@@ -41,6 +41,13 @@ function Option(text) {
 
 function press(words) {
   eval(handlers[words]);
+}
+function choose(words) {
+  var items = elements.items;
+  for (var i = 0; i < items.options.length; ++i) {
+    if (items.options[i].text == words) items.selectedIndex = i;
+  }
+  new Function(onChoice).call(items);
 }
 function tick() {
   clock.handler();

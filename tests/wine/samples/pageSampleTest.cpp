@@ -17,7 +17,7 @@ std::string part(const std::string& text, const std::string& from, const std::st
 
 // The page's own script, run against the real control by the script host. The elements that the
 // page names are there as stand-ins, and a user presses its buttons: the words on a button lead to
-// the handler that the page gives it.
+// the handler that the page gives it, and so does a choice in its list.
 class PageSample : public SampleTest {
  protected:
   Outcome use(const std::string& user, const std::wstring& argument) {
@@ -34,7 +34,8 @@ class PageSample : public SampleTest {
     forEach(body, button, [&](const std::smatch& match) {
       script << "addButton(\"" << match[2].str() << "\", \"" << match[1].str() << "\");\n";
     });
-    script << "makeControl(\"" << part(body, "classid=\"clsid:", "\"") << "\");\n"
+    script << "onChoice = \"" << part(body, "onchange=\"", "\"") << "\";\n"
+           << "makeControl(\"" << part(body, "classid=\"clsid:", "\"") << "\");\n"
            << own << "\n" << part(body, "onload=\"", "\"") << ";\n" << user;
     script.close();
     return cscript(file("page.js"), {argument});
@@ -57,7 +58,7 @@ TEST_F(PageSample, OpensStepsAndPlays) {
     press("Next month"); tell("stepped");
     press("Play"); tick(); tick(); tell("playing");
     press("Play"); tell("paused");
-    show("salt"); tell("salt");
+    choose("salt"); tell("salt");
     press("Play"); press("Open"); tell("opened again");
   )", makeGulfSet());
   EXPECT_EQ(outcome.output,
