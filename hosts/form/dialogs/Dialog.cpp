@@ -37,7 +37,9 @@ void Dialog::setText(int id, const std::wstring& text) const {
 void Dialog::enable(int id, bool enabled) const {
   const HWND control = item(id);
   if (!enabled && GetFocus() == control) SendMessageW(window_, WM_NEXTDLGCTL, 0, FALSE);
-  EnableWindow(control, enabled);
+  const bool before = EnableWindow(control, enabled) == FALSE;
+  // Enter was somebody else's while OK could not be had.
+  if (id == IDOK && enabled && !before) SendMessageW(window_, DM_SETDEFID, IDOK, 0);
 }
 
 // In the middle of its owner, on the owner's screen.

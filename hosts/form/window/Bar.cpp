@@ -13,16 +13,17 @@ namespace {
 
 // Units of the font.
 constexpr int kMargin = 5, kGap = 3, kGroupGap = 10, kLineHeight = 14, kTextHeight = 9;
-constexpr int kGlyphWidth = 18, kItemWidth = 90, kStepWidth = 26, kCountWidth = 34,
-              kSpeedWidth = 66, kListHeight = 120;
+constexpr int kLeastWidth = 220;
+constexpr int kGlyphWidth = 18, kItemWidth = 90, kStepWidth = 26, kCountWidth = 32,
+              kSpeedWidth = 68, kListHeight = 120;
 
 struct Speed {
   int pause;
   const wchar_t* name;
 };
-constexpr Speed kSpeeds[] = {{2000, L"1 step in 2 s"}, {1000, L"1 step a second"},
-                             {500, L"2 steps a second"}, {200, L"5 steps a second"},
-                             {100, L"10 steps a second"}, {10, L"as fast as it can"}};
+constexpr Speed kSpeeds[] = {{2000, L"1 in 2 seconds"}, {1000, L"1 a second"},
+                             {500, L"2 a second"}, {200, L"5 a second"},
+                             {100, L"10 a second"}, {10, L"Fastest"}};
 
 constexpr Glyph kGlyphs[] = {Glyph::First, Glyph::Previous, Glyph::Play,
                              Glyph::Pause, Glyph::Next,     Glyph::Last};
@@ -87,7 +88,7 @@ Bar::Bar(HWND window, const Metrics& metrics) : window_(window), metrics_(metric
 
   addTip(item_, L"What is drawn");
   addTip(step_, L"Time step: type a number and press Enter");
-  addTip(speed_, L"How fast to play");
+  addTip(speed_, L"Steps played a second");
 }
 
 Bar::~Bar() {
@@ -145,7 +146,7 @@ int Bar::widthOf(const Group& group) const {
 }
 
 int Bar::leastWidth() const {
-  int width = 0;
+  int width = metrics_.across(kLeastWidth);
   for (const Group& group : groups_) width = std::max(width, widthOf(group));
   return width + 2 * metrics_.across(kMargin);
 }

@@ -32,7 +32,7 @@ class Bar {
 
   // Lays the controls out in a window of this width: the height that they take.
   int layOut(int width);
-  // The least width that the widest group of controls needs.
+  // The least width that the bar is for.
   int leastWidth() const;
   void show(const BarState& state);
 

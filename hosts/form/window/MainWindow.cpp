@@ -14,7 +14,7 @@ namespace {
 
 constexpr UINT_PTR kPlayTimer = 1, kCloseTimer = 2;
 constexpr UINT kClosePause = 30;  // milliseconds
-constexpr int kUsualWidth = 520, kUsualHeight = 300, kLeastStage = 60;  // units
+constexpr int kUsualWidth = 600, kUsualHeight = 340, kLeastStage = 60;  // units
 
 std::wstring kindOf(HWND window) {
   wchar_t kind[32] = {};
@@ -26,6 +26,17 @@ std::wstring kindOf(HWND window) {
 bool takesText(HWND focus) {
   const std::wstring kind = kindOf(focus);
   return kind == L"Edit" || kind == L"ComboBox" || kindOf(GetParent(focus)) == L"ComboBox";
+}
+
+// In the middle of the screen, and no larger than it.
+RECT usualPlace(LONG width, LONG height) {
+  RECT screen = {};
+  SystemParametersInfoW(SPI_GETWORKAREA, 0, &screen, 0);
+  width = std::min(width, screen.right - screen.left);
+  height = std::min(height, screen.bottom - screen.top);
+  const LONG left = (screen.left + screen.right - width) / 2;
+  const LONG top = (screen.top + screen.bottom - height) / 2;
+  return {left, top, left + width, top + height};
 }
 
 bool isEditingKey(const MSG& message) {
@@ -52,10 +63,11 @@ MainWindow::MainWindow() {
   kind.lpszMenuName = MAKEINTRESOURCEW(IDR_MENU);
   kind.lpszClassName = kClass;
   RegisterClassExW(&kind);
+  const RECT place = usualPlace(metrics_.across(kUsualWidth), metrics_.down(kUsualHeight));
   CreateWindowExW(WS_EX_CONTROLPARENT | WS_EX_ACCEPTFILES, kClass, L"Kelvane",
-                  WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT, CW_USEDEFAULT,
-                  metrics_.across(kUsualWidth), metrics_.down(kUsualHeight), nullptr, nullptr,
-                  module, this);
+                  WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, place.left, place.top,
+                  place.right - place.left, place.bottom - place.top, nullptr, nullptr, module,
+                  this);
   if (window_ == nullptr) throw host::HostError(E_FAIL, "no windows here");
   create();
 }

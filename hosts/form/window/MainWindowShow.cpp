@@ -16,7 +16,9 @@ bool MainWindow::report(const Outcome& outcome) {
 }
 
 void MainWindow::say(const std::wstring& problem) {
-  if (strip_->say(problem)) layOut();
+  if (!strip_->say(problem)) return;
+  layOut();
+  refresh();
 }
 
 void MainWindow::note(const std::wstring& text) {

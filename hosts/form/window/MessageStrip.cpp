@@ -21,8 +21,9 @@ std::wstring withLineEnds(const std::wstring& text) {
 }  // namespace
 
 MessageStrip::MessageStrip(HWND window, const Metrics& metrics) : metrics_(metrics) {
-  box_ = CreateWindowExW(0, L"Edit", L"", WS_CHILD | WS_CLIPSIBLINGS | WS_TABSTOP | ES_MULTILINE | ES_READONLY,
-                         0, 0, 0, 0, window,
+  constexpr DWORD style = WS_BORDER | WS_CHILD | WS_CLIPSIBLINGS | WS_TABSTOP | ES_MULTILINE |
+                          ES_READONLY;
+  box_ = CreateWindowExW(0, L"Edit", L"", style, 0, 0, 0, 0, window,
                          reinterpret_cast<HMENU>(static_cast<UINT_PTR>(IDC_MESSAGE)),
                          GetModuleHandleW(nullptr), nullptr);
   SendMessageW(box_, WM_SETFONT, reinterpret_cast<WPARAM>(metrics.font()), FALSE);

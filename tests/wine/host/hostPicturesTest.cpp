@@ -5,6 +5,7 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 
@@ -59,6 +60,10 @@ class HostPictures : public HostTest {
         std::filesystem::path(programFolder()) / ("host-" + std::to_string(dpi()));
     std::filesystem::create_directories(folder);
     host::savePicture(picture, (folder / name).wstring() + L".png");
+    RECT screen = {}, within = {};
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &screen, 0);
+    EXPECT_TRUE(IntersectRect(&within, &place, &screen) && EqualRect(&within, &place))
+        << host::narrow(name);
     EXPECT_EQ(clippedIn(window), std::vector<std::string>()) << host::narrow(name);
   }
 
@@ -152,7 +157,10 @@ TEST_F(HostPictures, OfEveryWindow) {
     user.click(about, IDOK);
     user.untilGone(about);
     // As narrow as it can be.
-    SetWindowPos(window, nullptr, 0, 0, 1, 600 * dpi() / 96, SWP_NOMOVE | SWP_NOZORDER);
+    RECT screen = {};
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &screen, 0);
+    SetWindowPos(window, nullptr, 0, 0, 1, std::min<int>(600 * dpi() / 96, screen.bottom),
+                 SWP_NOZORDER);
     look(user, window, L"narrow");
     PostMessageW(window, WM_CLOSE, 0, 0);
   }), "");
