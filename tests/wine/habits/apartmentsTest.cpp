@@ -37,6 +37,16 @@ std::thread apartment(DWORD kind, Body body) {
   });
 }
 
+// Waits for another thread, but not for what that asks of this one's windows: to let a window come
+// to the front, for one.
+void waitFor(const std::atomic<bool>& flag) {
+  MSG message;
+  while (!flag) {
+    PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
+    std::this_thread::sleep_for(1ms);
+  }
+}
+
 // Does something at the end of a scope, however that ends.
 class Finally {
  public:
@@ -152,7 +162,7 @@ TEST_F(Apartments, AnotherThreadIsRefusedWhileABoxIsUp) {
       Caller caller(object.get());
       EXPECT_EQ(draw(caller), S_OK);
       ready = true;
-      while (!boxIsUp) std::this_thread::sleep_for(1ms);
+      waitFor(boxIsUp);
       const ULONGLONG start = GetTickCount64();
       const Answer answer = caller.call(L"ReDraw");
       refused = answer.exception;
@@ -186,12 +196,12 @@ TEST_F(Apartments, AnotherThreadIsRefusedWhileABoxIsUp) {
     object->SetClientSite(nullptr);
   });
 
-  while (!ready) std::this_thread::sleep_for(1ms);
+  waitFor(ready);
   {
     host::BoxAnswerer answerer;
     answerer.meanwhile([&] {
       boxIsUp = true;
-      while (!refusedEnough) std::this_thread::sleep_for(1ms);
+      waitFor(refusedEnough);
     });
     host::ComOwner<IUnknown> control;
     ASSERT_EQ(createControl(IID_IUnknown, control.receiveAny()), S_OK);
@@ -217,7 +227,7 @@ TEST_F(Apartments, ThreadsThatWaitForEachOtherAreNotStuck) {
     host::ComOwner<IUnknown> control;
     createControl(IID_IUnknown, control.receiveAny());
     Caller caller(control.get());
-    while (!inside) std::this_thread::sleep_for(1ms);
+    waitFor(inside);
     refused = caller.call(L"ReDraw").exception;
     answered = true;
   });
@@ -228,7 +238,7 @@ TEST_F(Apartments, ThreadsThatWaitForEachOtherAreNotStuck) {
   AdviseSink sink;
   sink.meanwhile = [&] {
     inside = true;
-    while (!answered) std::this_thread::sleep_for(1ms);
+    waitFor(answered);
   };
   host::ComOwner<IViewObject2> view;
   control->QueryInterface(IID_IViewObject2, view.receiveAny());
@@ -258,16 +268,10 @@ TEST_F(Apartments, HostsOfTheOtherKindUseTheControlThroughAProxy) {
     early = control->QueryInterface(__uuidof(_KelvaneCtl), members.receiveAny());
     if (early == S_OK) early = members->AddSection(354.5F, 0.25F);
     drawn = true;
-    while (!late) std::this_thread::sleep_for(1ms);
+    waitFor(late);
     description = caller.call(L"AdvanceTime", {Sent(1)}).description;
   });
-  const auto wait = [](std::atomic<bool>& flag) {
-    while (!flag) {
-      MsgWaitForMultipleObjects(0, nullptr, FALSE, 10, QS_ALLINPUT);
-      pump();
-    }
-  };
-  wait(drawn);
+  waitFor(drawn);
   {
     // What one control is told, all know.
     const host::BoxAnswerer answerer;
