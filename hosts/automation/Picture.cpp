@@ -70,7 +70,9 @@ std::vector<std::byte> encodePicture(const Picture& picture, PictureKind kind) {
   for (int y = 0; y < picture.height; ++y) {
     BYTE* to = rows.data() + static_cast<std::size_t>(y) * stride;
     for (int x = 0; x < picture.width; ++x) {
-      for (const int shift : {0, 8, 16}) *to++ = static_cast<BYTE>(picture.at(x, y) >> shift & 0xFF);
+      for (const int shift : {0, 8, 16}) {
+        *to++ = static_cast<BYTE>(picture.at(x, y) >> shift & 0xFF);
+      }
     }
   }
   require(CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER,

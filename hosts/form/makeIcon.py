@@ -8,8 +8,9 @@ import zlib
 
 SIZES = (16, 20, 24, 32, 48, 64, 256)
 SAMPLES = 4  # across and down, in a pixel
-SKY, FRAME, FLOOR = (255, 255, 255), (52, 73, 94), (120, 96, 72)
-WATER = ((196, 55, 42), (240, 140, 50), (250, 215, 90), (110, 195, 165), (50, 120, 190), (35, 60, 130))
+FRAME, FLOOR = (52, 73, 94), (120, 96, 72)
+WATER = ((196, 55, 42), (240, 140, 50), (250, 215, 90), (110, 195, 165), (50, 120, 190),
+         (35, 60, 130))
 
 
 def colour_at(x, y):
@@ -51,7 +52,8 @@ def as_png(size, rows):
         return (struct.pack(">I", len(data)) + kind + data
                 + struct.pack(">I", zlib.crc32(kind + data)))
     lines = b"".join(b"\0" + bytes(c for p in row for c in p) for row in rows)
-    return (b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", struct.pack(">IIBBBBB", size, size, 8, 6, 0, 0, 0))
+    head = struct.pack(">IIBBBBB", size, size, 8, 6, 0, 0, 0)
+    return (b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", head)
             + chunk(b"IDAT", zlib.compress(lines, 9)) + chunk(b"IEND", b""))
 
 

@@ -15,7 +15,7 @@ namespace winetest {
 namespace {
 
 using Clock = std::chrono::steady_clock;
-constexpr auto kLimit = std::chrono::seconds(5);
+constexpr auto kLimit = std::chrono::seconds(15);
 constexpr auto kPoll = std::chrono::milliseconds(4);
 
 bool isDialog(HWND window) {

@@ -54,7 +54,9 @@ void Dialog::place() const {
   over = screen.rcWork;
   if (owner != nullptr && !IsIconic(owner)) GetWindowRect(owner, &over);
   const LONG width = own.right - own.left, height = own.bottom - own.top;
-  const auto within = [](LONG at, LONG least, LONG most) { return std::max(least, std::min(at, most)); };
+  const auto within = [](LONG at, LONG least, LONG most) {
+    return std::max(least, std::min(at, most));
+  };
   const LONG left = within((over.left + over.right - width) / 2, screen.rcWork.left,
                            screen.rcWork.right - width);
   const LONG top = within((over.top + over.bottom - height) / 2, screen.rcWork.top,

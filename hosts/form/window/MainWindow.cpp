@@ -127,24 +127,27 @@ bool MainWindow::onHostKey(MSG& message) {
   if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST) return false;
   const HWND focus = GetFocus();
   const bool text = takesText(focus);
-  if (focus == strip_->window() && leaveStrip(message)) return true;
+  if (leave(focus, message)) return true;
   if (text && isEditingKey(message)) return false;
   if (TranslateAcceleratorW(window_, keys_, &message)) return true;
   const bool press = message.wParam == VK_SPACE && kindOf(focus) == L"Button";
   return !text && !press && TranslateAcceleratorW(window_, timeKeys_, &message);
 }
 
-// A box of several lines keeps Tab for itself, and takes Escape for the end of its window.
-bool MainWindow::leaveStrip(const MSG& message) {
-  if (message.message != WM_KEYDOWN) return false;
-  if (message.wParam == VK_ESCAPE) {
+// The keyboard leaves the picture and the strip only by what is done here: a box of several lines
+// keeps Tab for itself, and takes Escape for the end of its window.
+bool MainWindow::leave(HWND focus, const MSG& message) {
+  const bool strip = focus == strip_->window();
+  const bool picture = focus == stage_->window() || IsChild(stage_->window(), focus);
+  if (message.message != WM_KEYDOWN || (!strip && !picture)) return false;
+  if (strip && message.wParam == VK_ESCAPE) {
     SetFocus(stage_->window());
     perform(IDCANCEL);
     return true;
   }
-  if (message.wParam != VK_TAB) return false;
+  if (message.wParam != VK_TAB || GetKeyState(VK_CONTROL) < 0) return false;
   const BOOL back = GetKeyState(VK_SHIFT) < 0;
-  SetFocus(GetNextDlgTabItem(window_, strip_->window(), back));
+  SetFocus(GetNextDlgTabItem(window_, strip ? focus : stage_->window(), back));
   return true;
 }
 
@@ -262,6 +265,11 @@ LRESULT MainWindow::handle(UINT message, WPARAM wide, LPARAM longer) {
     case WM_ACTIVATE: onActivate(LOWORD(wide) != WA_INACTIVE); return 0;
     case WM_SETFOCUS:
       if (stage_) SetFocus(stage_->window());
+      return 0;
+    case WM_NEXTDLGCTL:
+      // Sent for the letter with Alt that belongs to a box's label.
+      SetFocus(LOWORD(longer) != 0 ? reinterpret_cast<HWND>(wide)
+                                   : GetNextDlgTabItem(window_, GetFocus(), wide != 0));
       return 0;
     case WM_COMMAND: onCommand(LOWORD(wide), HIWORD(wide)); return 0;
     case WM_INITMENUPOPUP: updateMenu(reinterpret_cast<HMENU>(wide)); return 0;

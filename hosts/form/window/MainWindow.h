@@ -48,7 +48,7 @@ class MainWindow final : private HostHooks {
 
   static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wide, LPARAM longer);
   LRESULT handle(UINT message, WPARAM wide, LPARAM longer);
-  bool leaveStrip(const MSG& message);
+  bool leave(HWND focus, const MSG& message);
   void create();
   void placeControl();
   void layOut();

@@ -16,7 +16,7 @@ Stage::Stage(HWND parent, const Metrics& metrics) : metrics_(metrics) {
   kind.hCursor = LoadCursorW(nullptr, IDC_ARROW);
   kind.lpszClassName = kClass;
   RegisterClassW(&kind);
-  CreateWindowExW(WS_EX_CONTROLPARENT, kClass, L"",
+  CreateWindowExW(0, kClass, L"",
                   WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS | WS_TABSTOP, 0, 0, 0,
                   0, parent, reinterpret_cast<HMENU>(static_cast<UINT_PTR>(IDC_STAGE)),
                   kind.hInstance, this);

@@ -58,6 +58,21 @@ std::uint32_t coverage(const std::vector<Shape>& shapes, int column, int row, in
   return static_cast<std::uint32_t>(hits * 255 / (kSamples * kSamples));
 }
 
+// What the sign leaves free, for greyed buttons. Rows of a mask are whole words, the leftmost pixel
+// in the highest bit of its byte.
+HBITMAP makeMask(const std::vector<Shape>& shapes, int size) {
+  const auto stride = static_cast<std::size_t>((size + 15) / 16 * 2);
+  std::vector<std::uint8_t> bits(stride * static_cast<std::size_t>(size));
+  for (int row = 0; row < size; ++row) {
+    for (int column = 0; column < size; ++column) {
+      if (coverage(shapes, column, row, size) >= 128) continue;
+      bits[stride * static_cast<std::size_t>(row) + static_cast<std::size_t>(column / 8)] |=
+          static_cast<std::uint8_t>(0x80 >> column % 8);
+    }
+  }
+  return CreateBitmap(size, size, 1, 1, bits.data());
+}
+
 }  // namespace
 
 HICON makeGlyph(Glyph glyph, int size) {
@@ -65,13 +80,13 @@ HICON makeGlyph(Glyph glyph, int size) {
   info.bmiHeader = {sizeof(BITMAPINFOHEADER), size, -size, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
   void* bits = nullptr;
   const HBITMAP colour = CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-  const HBITMAP mask = CreateBitmap(size, size, 1, 1, nullptr);
+  const std::vector<Shape> shapes = shapesOf(glyph);
+  const HBITMAP mask = makeMask(shapes, size);
   HICON icon = nullptr;
   if (colour != nullptr && mask != nullptr) {
     const COLORREF ink = GetSysColor(COLOR_BTNTEXT);
     const std::uint32_t rgb = static_cast<std::uint32_t>(GetRValue(ink)) << 16 |
                               static_cast<std::uint32_t>(GetGValue(ink)) << 8 | GetBValue(ink);
-    const std::vector<Shape> shapes = shapesOf(glyph);
     auto* pixel = static_cast<std::uint32_t*>(bits);
     for (int row = 0; row < size; ++row) {
       for (int column = 0; column < size; ++column) {

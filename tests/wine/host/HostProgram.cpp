@@ -153,7 +153,9 @@ void HostProgram::untilMessage(const std::string& text) {
 
 void HostProgram::untilStep(const std::string& step) {
   try {
-    user_.until("a step", [&] { return shownStep() == step && status(3).starts_with("Step " + step); });
+    user_.until("a step", [&] {
+      return shownStep() == step && status(3).starts_with("Step " + step);
+    });
   } catch (const std::exception&) {
     throw std::runtime_error("not at step " + step + " but " + shownStep() + " (" + status(3) +
                              ") " + message());

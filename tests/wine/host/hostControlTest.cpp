@@ -78,6 +78,42 @@ TEST_F(HostControl, SaysThatAKeyFileHasNoKey) {
   program_->untilStep("2");
 }
 
+TEST_F(HostControl, IsReachedByTabAsEverythingElseIs) {
+  startDrawn();
+  const std::vector<int> order = {ID_OPEN, IDC_ITEM, ID_FIRST, ID_PREVIOUS, ID_PLAY, ID_NEXT,
+                                  ID_LAST, IDC_STEP, IDC_SPEED, ID_PATH,    ID_OPTIONS};
+  User& user = program_->user();
+  const auto picture = [&] { return user.focus() == program_->control(); };
+  user.until("the keyboard at the picture", picture);
+  for (const int id : order) {
+    program_->key(VK_TAB);
+    user.until("the keyboard at " + std::to_string(id),
+               [&] { return user.focus() == program_->item(id); });
+  }
+  program_->key(VK_TAB);
+  user.until("the keyboard at the picture again", picture);
+  program_->key(VK_TAB, User::WithShift);
+  user.until("the last one", [&] { return user.focus() == program_->item(ID_OPTIONS); });
+  program_->key('I', User::WithAlt);
+  user.until("the one with the letter", [&] { return user.focus() == program_->item(IDC_ITEM); });
+}
+
+TEST_F(HostControl, FillsWhatTheWindowLeavesIt) {
+  startDrawn();
+  for (const SIZE size : {SIZE{700, 500}, SIZE{500, 600}}) {
+    SetWindowPos(program_->window(), nullptr, 0, 0, size.cx, size.cy, SWP_NOMOVE | SWP_NOZORDER);
+    RECT stage = {}, control = {}, bar = {}, status = {};
+    GetWindowRect(program_->item(IDC_STAGE), &stage);
+    GetWindowRect(program_->control(), &control);
+    GetWindowRect(program_->item(ID_OPTIONS), &bar);
+    GetWindowRect(program_->item(IDC_STATUS), &status);
+    EXPECT_TRUE(EqualRect(&stage, &control));
+    EXPECT_GE(stage.top, bar.bottom);
+    EXPECT_EQ(stage.bottom, status.top);
+    EXPECT_GT(stage.bottom - stage.top, 100);
+  }
+}
+
 // The program and what else lies in its folder.
 class HostAlone : public HostTest {
  protected:

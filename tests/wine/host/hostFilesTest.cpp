@@ -52,7 +52,8 @@ TEST_F(HostFiles, KeepsThePathForTheNextDataSet) {
   support::makeTinySet(folder_.file("other.nc"));
   program_->command(ID_OPEN);
   program_->user().chooseFile(folder_.file("other.nc"));
-  program_->user().until("the other one", [&] { return program_->title() == "other.nc - Kelvane"; });
+  program_->user().until("the other one",
+                         [&] { return program_->title() == "other.nc - Kelvane"; });
   program_->untilStep("1");
   EXPECT_EQ(program_->message(), "");
 }

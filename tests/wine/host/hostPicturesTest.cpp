@@ -11,6 +11,7 @@
 
 #include "HostTest.h"
 #include "Picture.h"
+#include "childProcess.h"
 #include "library.h"
 #include "window/MainWindow.h"
 #include "window/run.h"
@@ -164,6 +165,28 @@ TEST_F(HostPictures, OfEveryWindow) {
     look(user, window, L"narrow");
     PostMessageW(window, WM_CLOSE, 0, 0);
   }), "");
+}
+
+TEST_F(HostPictures, OfTheWindowWithoutAControl) {
+  const auto regsvr32 = [](const std::wstring& options) {
+    return runProgram(L"regsvr32.exe /s " + options + L" \"" + libraryPath() + L"\"").status;
+  };
+  ASSERT_EQ(regsvr32(L"/u"), 0U);
+  const auto run = [] {
+    form::MainWindow window;
+    window.show(SW_SHOWNORMAL);
+    form::run(window, L"");
+  };
+  EXPECT_EQ(User::during(run, [&](User& user) {
+    HWND window = nullptr;
+    user.until("the window", [&] {
+      window = FindWindowW(form::MainWindow::kClass, nullptr);
+      return window != nullptr && IsWindowVisible(window);
+    });
+    look(user, window, L"no-control");
+    PostMessageW(window, WM_CLOSE, 0, 0);
+  }), "");
+  EXPECT_EQ(regsvr32(L""), 0U);
 }
 
 }  // namespace
