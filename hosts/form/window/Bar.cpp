@@ -58,7 +58,7 @@ Bar::Bar(HWND window, const Metrics& metrics) : window_(window), metrics_(metric
   groups_.emplace_back();
   addButton(L"&Open...", ID_OPEN);
   groups_.emplace_back();
-  add(L"Static", L"&Item:", SS_LEFT, IDC_ITEM_LABEL, 0, kTextHeight, 0);
+  add(L"Static", L"&Item:", SS_LEFTNOWORDWRAP, IDC_ITEM_LABEL, 0, kTextHeight, 0);
   item_ = add(L"ComboBox", L"", CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP, IDC_ITEM, kItemWidth,
               kListHeight, kGap);
   groups_.emplace_back();
@@ -69,13 +69,13 @@ Bar::Bar(HWND window, const Metrics& metrics) : window_(window), metrics_(metric
   addGlyph(L"Next step (Right)", ID_NEXT, GlyphNext);
   addGlyph(L"Last step (End)", ID_LAST, GlyphLast);
   groups_.emplace_back();
-  add(L"Static", L"&Step:", SS_LEFT, IDC_STEP_LABEL, 0, kTextHeight, 0);
+  add(L"Static", L"&Step:", SS_LEFTNOWORDWRAP, IDC_STEP_LABEL, 0, kTextHeight, 0);
   step_ = add(L"Edit", L"", ES_NUMBER | ES_RIGHT | ES_AUTOHSCROLL | WS_TABSTOP, IDC_STEP,
               kStepWidth, kLineHeight - 2, kGap);
   SendMessageW(step_, EM_SETLIMITTEXT, 9, 0);
-  count_ = add(L"Static", L"", SS_LEFT, IDC_STEP_COUNT, kCountWidth, kTextHeight, kGap);
+  count_ = add(L"Static", L"", SS_LEFTNOWORDWRAP, IDC_STEP_COUNT, kCountWidth, kTextHeight, kGap);
   groups_.emplace_back();
-  add(L"Static", L"Spee&d:", SS_LEFT, IDC_SPEED_LABEL, 0, kTextHeight, 0);
+  add(L"Static", L"Spee&d:", SS_LEFTNOWORDWRAP, IDC_SPEED_LABEL, 0, kTextHeight, 0);
   speed_ = add(L"ComboBox", L"", CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP, IDC_SPEED,
                kSpeedWidth, kListHeight, kGap);
   for (const Speed& speed : kSpeeds) {
@@ -100,6 +100,8 @@ Bar::~Bar() {
 // Width and height in units; width 0 is that of the text.
 HWND Bar::add(const wchar_t* kind, const wchar_t* text, DWORD style, int id, int width, int height,
               int lead) {
+  // Letters side by side may be a pixel wider than they measure.
+  const int slack = metrics_.across(1);
   const DWORD extended = std::wstring(kind) == L"Edit" ? WS_EX_CLIENTEDGE : 0;
   const HWND control =
       CreateWindowExW(extended, kind, text, style | WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS, 0, 0,
@@ -107,7 +109,7 @@ HWND Bar::add(const wchar_t* kind, const wchar_t* text, DWORD style, int id, int
                       GetModuleHandleW(nullptr), nullptr);
   SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(metrics_.font()), FALSE);
   const int pixels =
-      width > 0 ? metrics_.across(width) : static_cast<int>(metrics_.extentOf(text).cx);
+      width > 0 ? metrics_.across(width) : static_cast<int>(metrics_.extentOf(text).cx) + slack;
   groups_.back().push_back({control, pixels, metrics_.down(height), metrics_.across(lead)});
   return control;
 }
