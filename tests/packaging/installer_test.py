@@ -150,15 +150,6 @@ class InstallerTest(InstallerCase):
         self.assertEqual(self.entries()[self.name]['"DisplayVersion"'], f'"{NEWER}"')
         self.assert_draws(self.architecture)
 
-    def test_the_64_bit_one_is_refused_by_32_bit_windows(self):
-        if self.architecture == 'x64':
-            return
-        package = self.options.packages / f'refused/Kelvane-{VERSION}-x64.msi'
-        # 1633: not made for this type of processor.
-        self.assertEqual(self.machine.msiexec('/i', self.machine.windows_path(package)),
-                         1633 % 256)
-        self.assert_as_before()
-
     def test_leaves_what_the_user_has_put_beside_it(self):
         self.install(self.architecture)
         mine = self.folder(self.architecture) / 'data/mine.nc'
