@@ -1,5 +1,7 @@
 #include "activex/dialogs/keys.h"
 
+#include "activex/guard.h"
+
 namespace activex {
 namespace {
 
@@ -19,7 +21,10 @@ LRESULT CALLBACK procedure(HWND control, UINT message, WPARAM wide, LPARAM longe
     }
     case WM_KEYDOWN:
       if (taker->takesKey(control, wide)) {
-        taker->onKey(control, wide);
+        guarded([&] {
+          taker->onKey(control, wide);
+          return S_OK;
+        });
         return 0;
       }
       break;
