@@ -22,7 +22,8 @@ with the reason in ErrorMessage. Draws nothing; call Draw."
 #define HELP_SET_VAR_BY_NAME "Chooses the variable to draw by its name, capitals or not. Result: \
 1, or -1 with the reason in ErrorMessage. Draws nothing; call Draw."
 #define HELP_SET_VAR_BY_ORDER "Chooses the variable to draw by its place in the list, 1 to \
-NumDrawAbleItems. Result: 1, or -1 with the reason in ErrorMessage. Draws nothing; call Draw."
+NumDrawAbleItems. Result: 1, or -1 for any other number, without a text in ErrorMessage. Draws \
+nothing; call Draw."
 #define HELP_ERROR_MESSAGE "The reason of the last failure, empty before the first. A success \
 does not clear it, so look here only after a failure."
 #define HELP_NUM_DRAW_ABLE_ITEMS "The number of variables of the data set that can be drawn; 0 \
