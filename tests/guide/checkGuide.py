@@ -16,8 +16,8 @@ MEMBER = re.compile(r"  \d+ (method|get|put) (\w+) (\w+)\((.*)\) at \d+$")
 # The names that the control goes by in the examples.
 CONTROL = re.compile(r"(?<![\"\w])(?:section|Section1|axSection)\s*\.\s*(?:get_|put_)?([A-Za-z]+)")
 # What a form adds to every control that it holds.
-FORM = {"Left", "Top", "Width", "Height", "Visible", "Move", "Align", "Dock", "Parent", "Object", "object",
-        "OleObject", "DefaultDispatch", "CreateControl", "GetOcx", "SetBounds", "Handle"}
+FORM = {"Left", "Top", "Width", "Height", "Visible", "Move", "Align", "Dock", "Parent", "Object",
+        "object", "OleObject", "DefaultDispatch", "CreateControl", "GetOcx", "SetBounds", "Handle"}
 
 
 def signatures(types):
