@@ -154,8 +154,12 @@ TEST_F(GdiPicture, BeginsWhiteAtEverySize) {
 TEST_F(GdiPicture, IsEmptyWhereThereIsNoRoom) {
   GdiPictureBox full;
   full.Move(0, 0, 40, 30);
-  for (const auto& [width, height] : {std::pair(0, 0), {-5, 10}, {10, 0}, {2000000000, 2000000000},
-                                      {32767, 32767}}) {
+  for (const auto& [width, height] : {std::pair(0, 0),
+                                      {-5, 10},
+                                      {10, 0},
+                                      {2000000000, 2000000000},
+                                      {32767, 32767},
+                                      {32767, 2049}}) {
     box_.Move(0, 0, width, height);
     EXPECT_EQ(box_.ScaleWidth() * box_.ScaleHeight(), 0.0F) << width << " x " << height;
     box_.Cls();
