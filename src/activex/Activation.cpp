@@ -22,14 +22,20 @@ HRESULT Activation::activate(bool ui) {
     if (FAILED(entered)) return entered;
   }
   if (active()) ShowWindow(window(), SW_SHOW);
-  if (instance_.clientSite) instance_.clientSite->ShowObject();
+  if (const auto client = instance_.clientSite) client->ShowObject();
   return ui ? activateUi() : S_OK;
 }
 
+// A host may take the control down inside any call of its own: what is called is held meanwhile,
+// and what is held to be true is looked at again.
 HRESULT Activation::enterSite(const ComPtr<IOleInPlaceSite>& site) {
-  HRESULT result = site->OnInPlaceActivate();
-  if (FAILED(result)) return result;
   site_ = site;
+  HRESULT result = site->OnInPlaceActivate();
+  if (FAILED(result)) {
+    site_.reset();
+    return result;
+  }
+  if (!active()) return E_FAIL;
   HWND parent = nullptr;
   RECT place = {}, clip = {};
   OLEINPLACEFRAMEINFO info = {};
@@ -38,7 +44,7 @@ HRESULT Activation::enterSite(const ComPtr<IOleInPlaceSite>& site) {
   if (SUCCEEDED(result)) {
     result = site->GetWindowContext(frame_.receive(), document_.receive(), &place, &clip, &info);
   }
-  if (!active()) result = E_FAIL;  // the host took the control down while it was asked
+  if (!active()) result = E_FAIL;
   if (SUCCEEDED(result) && !window_.create(parent, place)) result = E_FAIL;
   if (FAILED(result)) {
     deactivate();
@@ -49,17 +55,23 @@ HRESULT Activation::enterSite(const ComPtr<IOleInPlaceSite>& site) {
 }
 
 HRESULT Activation::activateUi() {
-  if (!active()) return E_FAIL;  // the host took the control down while it was told of it
+  if (!active()) return E_FAIL;
   if (!uiActive_) {
-    const HRESULT allowed = site_->OnUIActivate();
-    if (FAILED(allowed)) return allowed;
+    const auto site = site_;
+    const auto frame = frame_;
+    const auto document = document_;
     uiActive_ = true;
+    if (const HRESULT allowed = site->OnUIActivate(); FAILED(allowed)) {
+      uiActive_ = false;
+      return allowed;
+    }
     const auto self = ComPtr<IUnknown>(&object_).as<IOleInPlaceActiveObject>();
-    if (frame_) frame_->SetActiveObject(self.get(), kUserType);
-    if (document_) document_->SetActiveObject(self.get(), kUserType);
+    if (frame && uiActive_) frame->SetActiveObject(self.get(), kUserType);
+    if (document && uiActive_) document->SetActiveObject(self.get(), kUserType);
     // No tool bars of ours; the host keeps its own.
-    if (frame_) frame_->SetBorderSpace(nullptr);
-    if (document_) document_->SetBorderSpace(nullptr);
+    if (frame && uiActive_) frame->SetBorderSpace(nullptr);
+    if (document && uiActive_) document->SetBorderSpace(nullptr);
+    if (!uiActive_) return E_FAIL;
   }
   if (window() != nullptr) SetFocus(window());
   return S_OK;
@@ -68,9 +80,11 @@ HRESULT Activation::activateUi() {
 void Activation::deactivateUi() {
   if (!uiActive_) return;
   uiActive_ = false;
-  if (document_) document_->SetActiveObject(nullptr, nullptr);
-  if (frame_) frame_->SetActiveObject(nullptr, nullptr);
-  if (site_) site_->OnUIDeactivate(FALSE);
+  const auto site = site_;
+  const auto frame = frame_;
+  if (const auto document = document_) document->SetActiveObject(nullptr, nullptr);
+  if (frame) frame->SetActiveObject(nullptr, nullptr);
+  if (site) site->OnUIDeactivate(FALSE);
 }
 
 void Activation::hide() {

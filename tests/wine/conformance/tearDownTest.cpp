@@ -96,6 +96,31 @@ TEST_F(TearDown, WorksInAnyOrder) {
   } while (std::next_permutation(order.begin(), order.end()));
 }
 
+// A host may think better of it while it is told of the activation.
+TEST_F(TearDown, InsideTheActivationEndsIt) {
+  for (const std::string_view call : {"OnInPlaceActivate", "GetWindowContext", "ShowObject",
+                                      "OnUIActivate", "SetActiveObject", "SetBorderSpace"}) {
+    SCOPED_TRACE(call);
+    ASSERT_EQ(control_.ole()->SetClientSite(&site_), S_OK);
+    bool closed = false;
+    site_.meanwhile = [&](std::string_view name) {
+      if (name != call || closed) return;
+      closed = true;
+      EXPECT_EQ(close(OLECLOSE_NOSAVE), S_OK);
+    };
+    EXPECT_NE(doVerb(OLEIVERB_UIACTIVATE), S_OK);
+    site_.meanwhile = nullptr;
+    EXPECT_TRUE(closed);
+    EXPECT_EQ(window(), nullptr);
+    EXPECT_EQ(site_.stays(), 0);
+    EXPECT_EQ(site_.count("OnUIActivate"), site_.count("OnUIDeactivate"));
+    EXPECT_EQ(doVerb(OLEIVERB_UIACTIVATE), S_OK);
+    EXPECT_EQ(close(OLECLOSE_NOSAVE), S_OK);
+    EXPECT_EQ(control_.ole()->SetClientSite(nullptr), S_OK);
+    EXPECT_EQ(site_.references, 1U);
+  }
+}
+
 TEST_F(TearDown, WithoutASiteLeavesItAtOnce) {
   ASSERT_EQ(doVerb(OLEIVERB_UIACTIVATE), S_OK);
   EXPECT_GT(site_.references, 1U);
