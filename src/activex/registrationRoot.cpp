@@ -68,8 +68,8 @@ bool RegistrationRoot::read(const std::wstring& key, const wchar_t* name,
 bool RegistrationRoot::write(const std::wstring& key, const wchar_t* name,
                              const RegistryData& data) const {
   HKEY opened = nullptr;
-  if (root_ == nullptr || RegCreateKeyExW(root_, key.c_str(), 0, nullptr, 0, KEY_SET_VALUE,
-                                          nullptr, &opened, nullptr) != ERROR_SUCCESS) {
+  if (root_ == nullptr || RegCreateKeyExW(root_, key.c_str(), 0, nullptr, 0, KEY_SET_VALUE, nullptr,
+                                          &opened, nullptr) != ERROR_SUCCESS) {
     return false;
   }
   const LSTATUS written = RegSetValueExW(opened, name, 0, data.type, data.bytes.data(),

@@ -99,8 +99,8 @@ class RegistrationOfTwo
   // What a script and a form of that bitness get.
   void expectToBeComplete(const Bitness& its) const {
     EXPECT_EQ(host::narrow(read(its, kClass + L"\\InprocServer32")), host::narrow(its.library()));
-    EXPECT_EQ(host::narrow(read(its, std::wstring(L"TypeLib\\") + kTypeLibraryId + L"\\1.0\\0\\" +
-                                         its.platform)),
+    EXPECT_EQ(host::narrow(read(
+                  its, std::wstring(L"TypeLib\\") + kTypeLibraryId + L"\\1.0\\0\\" + its.platform)),
               host::narrow(its.library()));
     // Common to both. Wine shares it with 32-bit programs, but not through their view.
     EXPECT_EQ(host::narrow(read(k64, L"Kelvane.KelvaneCtl\\CLSID")), host::narrow(kClassId));
@@ -131,9 +131,9 @@ class RegistrationOfTwo
 
   void expectFormToDraw(const Bitness& its) const {
     const std::wstring picture = folder_.path().wstring() + L"\\" + its.platform + L".bmp";
-    const Outcome outcome = runProgram(
-        L"\"" + its.build + L"\\kelvane-shot.exe\" draw \"" + folder_.path().wstring() +
-        L"\\tiny.nc\" temp \"354.5,-1 354.5,0.4\" 1 320x240 \"" + picture + L"\"");
+    const Outcome outcome =
+        runProgram(L"\"" + its.build + L"\\kelvane-shot.exe\" draw \"" + folder_.path().wstring() +
+                   L"\\tiny.nc\" temp \"354.5,-1 354.5,0.4\" 1 320x240 \"" + picture + L"\"");
     EXPECT_EQ(outcome.status, 0U) << its.name << ": " << outcome.output;
     EXPECT_GT(readFile(picture).size(), 1000U) << its.name;
     DeleteFileW(picture.c_str());

@@ -34,8 +34,8 @@ class RefusedRegistration : public testing::TestWithParam<Extent> {
 
   void refuse(const std::wstring& key) {
     HKEY made = nullptr;
-    EXPECT_EQ(RegCreateKeyExW(classes_, key.c_str(), 0, nullptr, REG_OPTION_VOLATILE, KEY_ALL_ACCESS,
-                              nullptr, &made, nullptr),
+    EXPECT_EQ(RegCreateKeyExW(classes_, key.c_str(), 0, nullptr, REG_OPTION_VOLATILE,
+                              KEY_ALL_ACCESS, nullptr, &made, nullptr),
               ERROR_SUCCESS);
     RegCloseKey(made);
   }
@@ -58,9 +58,8 @@ class RefusedRegistration : public testing::TestWithParam<Extent> {
     if (call == nullptr) return E_NOTIMPL;
     const struct {
       HKEY hive, stage;
-    } staged[] = {{HKEY_CLASSES_ROOT, classes_},
-                  {HKEY_LOCAL_MACHINE, stage_},
-                  {HKEY_CURRENT_USER, stage_}};
+    } staged[] = {
+        {HKEY_CLASSES_ROOT, classes_}, {HKEY_LOCAL_MACHINE, stage_}, {HKEY_CURRENT_USER, stage_}};
     for (const auto& [hive, stage] : staged) {
       EXPECT_EQ(RegOverridePredefKey(hive, stage), ERROR_SUCCESS);
     }
