@@ -2,12 +2,13 @@
 
 #include <cstdint>
 
+#include "platform/gdi/bitmapSize.h"
+
 namespace activex {
 
 BottomUpBitmap::BottomUpBitmap(int width, int height, const std::function<void(HDC)>& draw) {
-  if (width <= 0 || height <= 0) return;
+  if (!platform::isBitmapSize(width, height)) return;
   const auto size = std::int64_t{4} * width * height;
-  if (size > MAXLONG) return;
   info_.bmiHeader = {sizeof(BITMAPINFOHEADER), width, height, 1, 32, BI_RGB,
                      static_cast<DWORD>(size), 0,     0,      0, 0};
   void* bits = nullptr;

@@ -7,6 +7,7 @@
 #include "activex/BottomUpBitmap.h"
 #include "activex/Instance.h"
 #include "activex/drawPicture.h"
+#include "platform/gdi/bitmapSize.h"
 #include "platform/gdi/handles.h"
 
 namespace activex {
@@ -124,6 +125,7 @@ HRESULT renderMetafilePict(Instance& instance, STGMEDIUM& medium) {
 HRESULT renderBitmap(Instance& instance, STGMEDIUM& medium) {
   const RECT area = pictureArea(instance);
   if (IsRectEmpty(&area)) return OLE_E_BLANK;
+  if (!platform::isBitmapSize(area.right, area.bottom)) return E_OUTOFMEMORY;
   const ScreenDc screen;
   platform::BitmapHandle bitmap(CreateCompatibleBitmap(screen.get(), area.right, area.bottom));
   const platform::MemoryDc dc(CreateCompatibleDC(screen.get()));

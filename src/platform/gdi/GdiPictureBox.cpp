@@ -5,6 +5,7 @@
 
 #include "platform/clipLine.h"
 #include "platform/drawableText.h"
+#include "platform/gdi/bitmapSize.h"
 #include "platform/gdi/wideText.h"
 #include "util/rounding.h"
 
@@ -15,8 +16,6 @@ using util::asDouble;
 
 constexpr uint32_t kWhitePixel = 0x00FFFFFF;
 constexpr int32_t kLargestSide = 32767;
-// Systems with address space for more count the bytes of a bitmap in 32 bits all the same.
-constexpr int64_t kMostPixels = int64_t{64} * 1024 * 1024;
 constexpr int32_t kWidestLine = 1000;
 constexpr std::size_t kMostFonts = 16;
 // GDI computes with 27 bits.
@@ -82,7 +81,7 @@ void GdiPictureBox::Move(int32_t, int32_t, int32_t width, int32_t height) {
   bitmap_.reset();
   width_ = height_ = 0;
   pixels_ = nullptr;
-  if (width == 0 || height == 0 || int64_t{width} * height > kMostPixels) return;
+  if (!isBitmapSize(width, height)) return;
   const BITMAPINFO info = bitmapInfo(width, height);
   void* bits = nullptr;
   bitmap_.reset(CreateDIBSection(dc_.get(), &info, DIB_RGB_COLORS, &bits, nullptr, 0));
