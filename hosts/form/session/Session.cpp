@@ -146,12 +146,7 @@ Outcome Session::goTo(int step) {
 Outcome Session::next() {
   return attempt([&]() -> Outcome {
     if (!drawable()) return {};
-    const int before = step_;
-    Outcome outcome = drawing([&] { step_ = control_.call(L"AdvanceTime", {1}).number(); });
-    // The file may have grown since it was opened.
-    if (step_ > steps_ && steps_ > 0) steps_ = step_;
-    if (step_ == 1 && before >= 1) steps_ = before;
-    return outcome;
+    return drawing([&] { step_ = control_.call(L"AdvanceTime", {1}).number(); });
   });
 }
 
