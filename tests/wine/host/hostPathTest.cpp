@@ -112,6 +112,12 @@ TEST_F(HostPath, PastesPointsIntoABoxAsRows) {
   PostMessageW(part(IDC_LATITUDE), WM_PASTE, 0, 0);
   program_->user().until("the number", [&] { return textOf(part(IDC_LATITUDE)) == "9"; });
   EXPECT_EQ(rows(), 3);
+  // Its decimal comma makes no point of it.
+  putOnClipboard(L"9,25");
+  PostMessageW(part(IDC_LATITUDE), EM_SETSEL, 0, -1);
+  PostMessageW(part(IDC_LATITUDE), WM_PASTE, 0, 0);
+  program_->user().until("the comma", [&] { return textOf(part(IDC_LATITUDE)) == "9,25"; });
+  EXPECT_EQ(rows(), 3);
   cancel();
 }
 
