@@ -11,7 +11,8 @@ namespace {
 
 constexpr std::size_t kPiece = 1 << 20;  // what is handed to the system at a time
 
-// What the system says about its last failure, in the user's language.
+// What the system says about its last failure, in the user's language, without the end of the
+// sentence, as every failure is told.
 [[noreturn]] void fail(const std::string& what) {
   const DWORD code = GetLastError();
   wchar_t text[512] = {};
@@ -19,7 +20,7 @@ constexpr std::size_t kPiece = 1 << 20;  // what is handed to the system at a ti
       FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, code, 0,
                      text, 512, nullptr);
   std::wstring reason(text, length);
-  while (!reason.empty() && (reason.back() == L'\n' || reason.back() == L'\r')) reason.pop_back();
+  reason.erase(reason.find_last_not_of(L"\r\n .") + 1);
   if (reason.empty()) reason = L"error " + std::to_wstring(code);
   throw HostError(HRESULT_FROM_WIN32(code), what + ": " + narrow(reason));
 }

@@ -1,6 +1,7 @@
 #include "dialogs/Dialog.h"
 
 #include <algorithm>
+#include <exception>
 
 #include "dialogs/dialogFont.h"
 
@@ -75,7 +76,12 @@ INT_PTR CALLBACK Dialog::procedure(HWND window, UINT message, WPARAM wide, LPARA
     SetWindowLongPtrW(window, DWLP_USER, 0);
     return FALSE;
   }
-  return self->handle(message, wide, longer);
+  try {
+    return self->handle(message, wide, longer);
+  } catch (const std::exception&) {  // no memory: nothing may be thrown through the system
+    MessageBeep(MB_ICONERROR);
+    return TRUE;
+  }
 }
 
 INT_PTR Dialog::handle(UINT message, WPARAM wide, LPARAM longer) {

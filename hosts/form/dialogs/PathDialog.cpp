@@ -116,12 +116,18 @@ INT_PTR PathDialog::onMessage(UINT message, WPARAM, LPARAM) {
   return FALSE;
 }
 
-// Points that are pasted into a box are meant for the list.
+// Several points that are pasted into a box are meant for the list. One alone might be a number
+// with a decimal comma, which must not take the place of all that is there.
 LRESULT CALLBACK PathDialog::boxProcedure(HWND box, UINT message, WPARAM wide, LPARAM longer,
                                           UINT_PTR, DWORD_PTR self) {
   auto* const dialog = reinterpret_cast<PathDialog*>(self);
-  if (message == WM_PASTE && !readPath(clipboardText(dialog->window())).points.empty()) {
-    dialog->paste();
+  try {
+    if (message == WM_PASTE && readPath(clipboardText(dialog->window())).points.size() > 1) {
+      dialog->paste();
+      return 0;
+    }
+  } catch (const std::exception&) {  // no memory: nothing may be thrown through the system
+    MessageBeep(MB_ICONERROR);
     return 0;
   }
   return DefSubclassProc(box, message, wide, longer);
@@ -198,7 +204,7 @@ void PathDialog::load() {
     if (bytes.starts_with("\xEF\xBB\xBF")) bytes.erase(0, 3);
     takeText(host::wide(bytes));
   } catch (const std::exception& error) {
-    sayOnce(host::wide(error.what()));
+    sayOnce(host::wide(error.what()) + L".");
   }
 }
 
@@ -212,7 +218,7 @@ void PathDialog::save() {
         "# longitude\tlatitude\r\n" + host::narrow(writePath(*path));
     host::writeWhole(*file, std::as_bytes(std::span(text)));
   } catch (const std::exception& error) {
-    sayOnce(host::wide(error.what()));
+    sayOnce(host::wide(error.what()) + L".");
   }
 }
 

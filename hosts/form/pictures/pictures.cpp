@@ -89,11 +89,12 @@ HGLOBAL copyOf(HGLOBAL memory) {
   return copy;
 }
 
-bool isMetafileName(const std::wstring& path) {
+// The last four letters of a name, in small ones.
+std::wstring endingOf(const std::wstring& path) {
   std::wstring end = path.substr(path.size() - std::min<std::size_t>(path.size(), 4));
   std::transform(end.begin(), end.end(), end.begin(),
                  [](wchar_t letter) { return static_cast<wchar_t>(std::towlower(letter)); });
-  return end == L".emf";
+  return end;
 }
 
 }  // namespace
@@ -117,9 +118,13 @@ std::vector<std::byte> metafileAt(const PictureSize& size) {
 }
 
 void savePictureAt(const PictureSize& size, const std::wstring& path) {
-  host::writeWhole(path, isMetafileName(path)
-                             ? metafileAt(size)
-                             : host::encodePicture(pictureAt(size), host::PictureKind::Png));
+  const std::wstring ending = endingOf(path);
+  if (ending == L".emf") return host::writeWhole(path, metafileAt(size));
+  // Also keeps a picture from taking the place of a data set.
+  if (ending != L".png") {
+    throw host::HostError(E_INVALIDARG, "its name must end in .png or .emf");
+  }
+  host::writeWhole(path, host::encodePicture(pictureAt(size), host::PictureKind::Png));
 }
 
 void copyPicture(HWND owner, host::Object& control) {

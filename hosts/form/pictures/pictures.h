@@ -18,8 +18,8 @@ host::Picture pictureAt(const PictureSize& size);
 // The same as an enhanced metafile: the bytes of its file.
 std::vector<std::byte> metafileAt(const PictureSize& size);
 
-// Writes the picture at that size; the name's ending tells the kind: .emf, or PNG. host::HostError
-// when it cannot; an old file of that name is kept then.
+// Writes the picture at that size; the name's ending tells the kind: .png or .emf. host::HostError
+// when it is another one or cannot be written; an old file of that name is kept then.
 void savePictureAt(const PictureSize& size, const std::wstring& path);
 
 // Puts the control's picture on the clipboard, as a metafile and as a bitmap. host::HostError when

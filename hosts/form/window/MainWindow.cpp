@@ -69,7 +69,14 @@ MainWindow::MainWindow() {
                   place.right - place.left, place.bottom - place.top, nullptr, nullptr, module,
                   this);
   if (window_ == nullptr) throw host::HostError(E_FAIL, "no windows here");
-  create();
+  try {
+    create();
+  } catch (...) {
+    // No message may find its way here once the parts are gone.
+    SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
+    DestroyWindow(window_);
+    throw;
+  }
 }
 
 MainWindow::~MainWindow() {

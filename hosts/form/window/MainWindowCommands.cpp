@@ -194,7 +194,10 @@ void MainWindow::goToTyped() {
   if (!ready() || !session_->drawable()) return;
   stop();
   const std::wstring text = bar_->typedStep();
-  const int step = text.empty() || text.size() > 9 ? 0 : std::stoi(text);
+  // The box takes digits only, but what is pasted may be anything.
+  const bool number = !text.empty() && text.size() <= 9 &&
+                      text.find_first_not_of(L"0123456789") == std::wstring::npos;
+  const int step = number ? std::stoi(text) : 0;
   if (step < 1 || (session_->steps() > 0 && step > session_->steps())) {
     const std::wstring last = session_->steps() > 0 ? std::to_wstring(session_->steps()) : L"";
     say(last.empty() ? L"Time steps count from 1." : L"The time steps go from 1 to " + last + L".");
@@ -282,7 +285,7 @@ void MainWindow::copy() {
 void MainWindow::savePicture() {
   withPicture(L"The picture could not be saved.", [&]() -> std::wstring {
     std::wstring preset = shortName(session_->name());
-    preset = preset.substr(0, preset.find(L'.')) + L".png";
+    preset = preset.substr(0, preset.rfind(L'.')) + L".png";
     if (isAddress(session_->name())) preset = L"section.png";
     std::optional<PictureSize> size;
     std::optional<std::wstring> file;

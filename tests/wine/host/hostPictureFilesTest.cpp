@@ -121,6 +121,9 @@ TEST_F(HostPictureFiles, LeaveTheOldFileWhereTheyCannotBeWritten) {
   });
   user.click(question, IDYES);
   program_->untilMessage("The picture could not be saved.");
+  // The system's own sentence ends once.
+  EXPECT_TRUE(program_->message().ends_with("."));
+  EXPECT_FALSE(program_->message().ends_with(".."));
   CloseHandle(held);
   EXPECT_EQ(readFile(name), "old");
   int files = 0;
@@ -128,6 +131,13 @@ TEST_F(HostPictureFiles, LeaveTheOldFileWhereTheyCannotBeWritten) {
     ++files;
   }
   EXPECT_EQ(files, 2);  // nothing half-written is left beside the data set and the old file
+}
+
+TEST_F(HostPictureFiles, AreOfNoOtherKind) {
+  startDrawn();
+  save(file("view.bmp"));
+  program_->untilMessage("its name must end in .png or .emf.");
+  EXPECT_FALSE(std::filesystem::exists(folder_.file("view.bmp")));
 }
 
 TEST_F(HostPictureFiles, AskForASizeThatCanBe) {
