@@ -18,6 +18,36 @@ bool endsWith(std::wstring text, const std::wstring& end) {
   return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
 }
 
+// A bitmap in memory with a device context that draws on it.
+class Canvas {
+ public:
+  Canvas(int width, int height) : dc_(CreateCompatibleDC(nullptr)) {
+    BITMAPINFO info = {};
+    info.bmiHeader = {sizeof(BITMAPINFOHEADER), width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+    bitmap_ = CreateDIBSection(dc_, &info, DIB_RGB_COLORS, &bits_, nullptr, 0);
+    if (bitmap_ != nullptr) before_ = SelectObject(dc_, bitmap_);
+  }
+  ~Canvas() {
+    if (bitmap_ != nullptr) {
+      SelectObject(dc_, before_);
+      DeleteObject(bitmap_);
+    }
+    DeleteDC(dc_);
+  }
+  Canvas(const Canvas&) = delete;
+  Canvas& operator=(const Canvas&) = delete;
+
+  bool there() const { return bitmap_ != nullptr; }
+  HDC dc() const { return dc_; }
+  const uint32_t* pixels() const { return static_cast<const uint32_t*>(bits_); }
+
+ private:
+  HDC dc_;
+  void* bits_ = nullptr;
+  HBITMAP bitmap_ = nullptr;
+  HGDIOBJ before_ = nullptr;
+};
+
 // All that was written to a stream in memory.
 std::vector<std::byte> bytesOf(IStream& stream) {
   STATSTG state = {};
@@ -35,25 +65,15 @@ std::vector<std::byte> bytesOf(IStream& stream) {
 
 Picture takePicture(int width, int height, const std::function<void(HDC)>& draw) {
   Picture picture{width, height, {}};
-  BITMAPINFO info = {};
-  info.bmiHeader = {sizeof(BITMAPINFOHEADER), width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-  void* bits = nullptr;
-  const HDC dc = CreateCompatibleDC(nullptr);
-  const HBITMAP bitmap = CreateDIBSection(dc, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-  if (bitmap != nullptr) {
-    const HGDIOBJ before = SelectObject(dc, bitmap);
-    PatBlt(dc, 0, 0, width, height, WHITENESS);
-    draw(dc);
-    GdiFlush();
-    const auto* first = static_cast<const uint32_t*>(bits);
-    picture.pixels.assign(first, first + static_cast<std::ptrdiff_t>(width) * height);
-    // Devices leave what they like in the fourth byte.
-    for (uint32_t& pixel : picture.pixels) pixel &= 0x00FFFFFF;
-    SelectObject(dc, before);
-    DeleteObject(bitmap);
-  }
-  DeleteDC(dc);
-  if (bitmap == nullptr) throw HostError(E_OUTOFMEMORY, "no memory for the picture");
+  const Canvas canvas(width, height);
+  if (!canvas.there()) throw HostError(E_OUTOFMEMORY, "no memory for the picture");
+  PatBlt(canvas.dc(), 0, 0, width, height, WHITENESS);
+  draw(canvas.dc());
+  GdiFlush();
+  picture.pixels.assign(canvas.pixels(),
+                        canvas.pixels() + static_cast<std::ptrdiff_t>(width) * height);
+  // Devices leave what they like in the fourth byte.
+  for (uint32_t& pixel : picture.pixels) pixel &= 0x00FFFFFF;
   return picture;
 }
 
