@@ -13,12 +13,11 @@ def write_zip(out, top, files, epoch):
     """A zip archive of packed files below the folder top."""
     # The format counts in steps of two seconds, from 1980.
     moment = max(time.gmtime(epoch - epoch % 2)[:6], (1980, 1, 1, 0, 0, 0))
-    with zipfile.ZipFile(out, 'w', zipfile.ZIP_DEFLATED, compresslevel=9) as archive:
+    with zipfile.ZipFile(out, 'w') as archive:
         for one in sorted(files, key=lambda file: file.place):
             entry = zipfile.ZipInfo(f'{top}/{one.place}', moment)
-            entry.compress_type = zipfile.ZIP_DEFLATED
             entry.create_system = 0  # without the permissions of another system
-            archive.writestr(entry, one.data)
+            archive.writestr(entry, one.data, zipfile.ZIP_DEFLATED, 9)
 
 
 def write_tar_gz(out, top, folder, epoch):

@@ -33,12 +33,12 @@ def source_time(root):
     """The time that everything in the packages has: SOURCE_DATE_EPOCH, or the commit's."""
     stated = os.environ.get('SOURCE_DATE_EPOCH')
     if stated is None:
-        told = subprocess.run(['git', '-C', root, 'log', '-1', '--format=%ct'], check=False,
-                              text=True, stdout=subprocess.PIPE)
-        if told.returncode != 0:
+        try:
+            stated = subprocess.run(['git', '-C', root, 'log', '-1', '--format=%ct'], check=True,
+                                    text=True, stdout=subprocess.PIPE).stdout
+        except (OSError, subprocess.CalledProcessError):
             raise SystemExit('error: no commit tells the time of the packages; '
-                             'set SOURCE_DATE_EPOCH')
-        stated = told.stdout
+                             'set SOURCE_DATE_EPOCH') from None
     return int(stated)
 
 
