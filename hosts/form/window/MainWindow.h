@@ -64,6 +64,7 @@ class MainWindow final : private HostHooks {
   void openFile();
   void openAddress();
   void openRecent(std::size_t k);
+  void remember(const std::wstring& name, const Path& path);
   void askPath(const std::wstring& why = L"");
   std::wstring usePath(const Path& path);
   void chooseItem();

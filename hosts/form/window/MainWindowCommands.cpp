@@ -146,15 +146,21 @@ void MainWindow::open(const std::wstring& name) {
     return say(L"\x201C" + shortName(whole) + L"\x201D could not be opened.\n" + outcome.problem);
   }
   say(L"");
-  recent_.add(whole);
-  settings_.setRecent(recent_);
-  fillRecentMenu();
+  remember(whole, {});
   refresh();
   Path path = recent_.pathOf(whole);
   if (path.empty()) path = usedPath_;
   if (closing_) return;
   const std::wstring problem = path.empty() ? L"" : usePath(path);
   if (path.empty() || !problem.empty()) askPath(problem);
+}
+
+// What the program's other windows have remembered in the meantime stays.
+void MainWindow::remember(const std::wstring& name, const Path& path) {
+  recent_ = settings_.recent();
+  recent_.add(name, path);
+  settings_.setRecent(recent_);
+  fillRecentMenu();
 }
 
 void MainWindow::askPath(const std::wstring& why) {
@@ -177,8 +183,7 @@ std::wstring MainWindow::usePath(const Path& path) {
   const Outcome set = session_->setPath(path);
   if (!set.done()) return L"There is no section along this path. " + set.problem;
   usedPath_ = path;
-  recent_.add(session_->name(), path);
-  settings_.setRecent(recent_);
+  remember(session_->name(), path);
   settings_.setLastPath(path);
   report(session_->draw());
   return {};

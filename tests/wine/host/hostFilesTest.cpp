@@ -47,6 +47,26 @@ TEST_F(HostFiles, RemembersTheDataSetWithItsPath) {
   EXPECT_EQ(program_->message(), "");
 }
 
+TEST_F(HostFiles, RemembersWhatAnotherRunHasOpened) {
+  startDrawn();
+  for (const char* name : {"other.nc", "third.nc"}) support::makeTinySet(folder_.file(name));
+  {
+    HostProgram other(file("other.nc"));
+    const HWND path = other.user().dialog(L"Path");
+    other.user().click(path, IDOK);
+    other.user().untilGone(path);
+    other.untilStep("1");
+  }
+  program_->command(ID_OPEN);
+  program_->user().chooseFile(folder_.file("third.nc"));
+  program_->user().until("the third", [&] { return program_->title() == "third.nc - Kelvane"; });
+  program_->close();
+  start();
+  program_->command(ID_FIRST_RECENT + 1);
+  program_->untilStep("1");  // without a question
+  EXPECT_EQ(program_->title(), "other.nc - Kelvane");
+}
+
 TEST_F(HostFiles, KeepsThePathForTheNextDataSet) {
   startDrawn();
   support::makeTinySet(folder_.file("other.nc"));

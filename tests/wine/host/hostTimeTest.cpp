@@ -63,6 +63,16 @@ TEST_F(HostTime, GoesToATypedStep) {
   EXPECT_EQ(program.shownStep(), "2");
 }
 
+TEST_F(HostTime, RefusesAStepThatIsNoNumber) {
+  HostProgram& program = startDrawn();
+  SetForegroundWindow(program.window());
+  program.user().type(program.item(IDC_STEP), L"1");
+  SendMessageW(program.item(IDC_STEP), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"2nd"));
+  program.user().key(VK_RETURN);
+  program.untilMessage("The time steps go from 1 to 2.");
+  EXPECT_EQ(program.status(3), "Step 1 of 2");
+}
+
 TEST_F(HostTime, LeavesTheArrowsToTheBoxThatHasTheKeyboard) {
   HostProgram& program = startDrawn();
   SetForegroundWindow(program.window());
