@@ -26,8 +26,8 @@ HRESULT Activation::activate(bool ui) {
   return ui ? activateUi() : S_OK;
 }
 
-// A host may take the control down inside any call of its own: what is called is held meanwhile,
-// and what is held to be true is looked at again.
+// A host may take the control down inside any call of its own, and even activate it anew: what is
+// called is held meanwhile, and what is held to be true is looked at again.
 HRESULT Activation::enterSite(const ComPtr<IOleInPlaceSite>& site) {
   site_ = site;
   HRESULT result = site->OnInPlaceActivate();
@@ -36,15 +36,21 @@ HRESULT Activation::enterSite(const ComPtr<IOleInPlaceSite>& site) {
     return result;
   }
   if (!active()) return E_FAIL;
+  if (window() != nullptr) return S_OK;
   HWND parent = nullptr;
   RECT place = {}, clip = {};
   OLEINPLACEFRAMEINFO info = {};
   info.cb = sizeof info;
+  ComPtr<IOleInPlaceFrame> frame;
+  ComPtr<IOleInPlaceUIWindow> document;
   result = site->GetWindow(&parent);
   if (SUCCEEDED(result)) {
-    result = site->GetWindowContext(frame_.receive(), document_.receive(), &place, &clip, &info);
+    result = site->GetWindowContext(frame.receive(), document.receive(), &place, &clip, &info);
   }
-  if (!active()) result = E_FAIL;
+  if (window() != nullptr) return S_OK;
+  if (!active()) return E_FAIL;
+  frame_ = frame;
+  document_ = document;
   if (SUCCEEDED(result) && !window_.create(parent, place)) result = E_FAIL;
   if (FAILED(result)) {
     deactivate();
@@ -94,11 +100,13 @@ void Activation::hide() {
 
 void Activation::deactivate() {
   deactivateUi();
+  if (uiActive_) deactivateUi();  // the host gave the attention back meanwhile
   const ComPtr<IOleInPlaceSite> site = site_;
   site_.reset();
-  window_.destroy();
   frame_.reset();
   document_.reset();
+  // Last: when the window goes, the host may activate the control anew.
+  window_.destroy();
   if (site) site->OnInPlaceDeactivate();
 }
 

@@ -1,5 +1,7 @@
 #include "activex/ControlWindow.h"
 
+#include <utility>
+
 #include "activex/guard.h"
 #include "activex/module.h"
 
@@ -36,8 +38,13 @@ bool ControlWindow::create(HWND parent, const RECT& place) {
 }
 
 void ControlWindow::destroy() {
-  if (window_ != nullptr) DestroyWindow(window_);
   lost_ = false;
+  // Given up first, since another may be made before this one is gone. One that the system does
+  // not destroy, because it is another thread's, must not come back to us.
+  if (const HWND window = std::exchange(window_, nullptr);
+      window != nullptr && !DestroyWindow(window)) {
+    SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+  }
   // The class goes with its last window, or else it would outlive the library.
   UnregisterClassW(kClassName, moduleHandle());
 }
@@ -59,11 +66,11 @@ void ControlWindow::repaint() {
   UpdateWindow(window_);
 }
 
-void ControlWindow::paint() {
+void ControlWindow::paint(HWND window) {
   PAINTSTRUCT paint;
-  const HDC dc = BeginPaint(window_, &paint);
+  const HDC dc = BeginPaint(window, &paint);
   if (dc != nullptr) events_.onPaint(dc, paint.rcPaint);
-  EndPaint(window_, &paint);
+  EndPaint(window, &paint);
 }
 
 LRESULT CALLBACK ControlWindow::procedure(HWND window, UINT message, WPARAM wide, LPARAM longer) {
@@ -77,22 +84,24 @@ LRESULT CALLBACK ControlWindow::procedure(HWND window, UINT message, WPARAM wide
   if (self == nullptr) return DefWindowProcW(window, message, wide, longer);
   if (message == WM_NCDESTROY) {
     SetWindowLongPtrW(window, GWLP_USERDATA, 0);
-    self->window_ = nullptr;
-    self->lost_ = true;
+    if (self->window_ == window) {
+      self->window_ = nullptr;
+      self->lost_ = true;
+    }
     return DefWindowProcW(window, message, wide, longer);
   }
   LRESULT answer = 0;
   guarded(self->object_, [&] {
-    answer = self->handle(message, wide, longer);
+    answer = self->handle(window, message, wide, longer);
     return S_OK;
   });
   return answer;
 }
 
-LRESULT ControlWindow::handle(UINT message, WPARAM wide, LPARAM longer) {
+LRESULT ControlWindow::handle(HWND window, UINT message, WPARAM wide, LPARAM longer) {
   if (message == askForSizeMessage()) {
     RECT all = {};
-    GetClientRect(window_, &all);
+    GetClientRect(window, &all);
     events_.onSize(all.right, all.bottom);
     return 0;
   }
@@ -100,11 +109,11 @@ LRESULT ControlWindow::handle(UINT message, WPARAM wide, LPARAM longer) {
     case WM_ERASEBKGND:
       return 1;  // the picture covers everything
     case WM_PAINT:
-      paint();
+      paint(window);
       return 0;
     case WM_PRINTCLIENT: {
       RECT all = {};
-      GetClientRect(window_, &all);
+      GetClientRect(window, &all);
       events_.onPaint(reinterpret_cast<HDC>(wide), all);
       return 0;
     }
@@ -123,7 +132,7 @@ LRESULT ControlWindow::handle(UINT message, WPARAM wide, LPARAM longer) {
     default:
       break;
   }
-  return DefWindowProcW(window_, message, wide, longer);
+  return DefWindowProcW(window, message, wide, longer);
 }
 
 }  // namespace activex

@@ -41,8 +41,8 @@ class ControlWindow {
 
  private:
   static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wide, LPARAM longer);
-  LRESULT handle(UINT message, WPARAM wide, LPARAM longer);
-  void paint();
+  LRESULT handle(HWND window, UINT message, WPARAM wide, LPARAM longer);
+  void paint(HWND window);
 
   IUnknown& object_;
   WindowEvents& events_;

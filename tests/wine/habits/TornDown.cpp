@@ -103,6 +103,10 @@ void TornDown::part(Way way) {
         part(step);
       }
       break;
+    case Way::Anew:
+      part(Way::Close);
+      object_->DoVerb(OLEIVERB_UIACTIVATE, nullptr, site_.get(), 0, form_->handle(), nullptr);
+      break;
   }
 }
 
@@ -120,6 +124,7 @@ void TornDown::end(const std::string& what) {
   EXPECT_EQ(site_->references, 1U) << what;
   EXPECT_EQ(sink_.references, 1U) << what;
   EXPECT_EQ(site_->stays(), 0) << what;
+  EXPECT_EQ(site_->count("OnUIActivate"), site_->count("OnUIDeactivate")) << what;
   EXPECT_EQ(site_->modelessPauses, 0) << what;
   EXPECT_EQ(controlWindows(), 0) << what;
   site_.reset();

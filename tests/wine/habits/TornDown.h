@@ -35,11 +35,12 @@ class TornDown : public testing::Test {
     NoReference,   // every reference is dropped
     Everything,    // all of it in the order of a form that closes
     Backwards,     // all of it in the other order
+    Anew,          // closed, and shown with the user's attention again
   };
   static constexpr Way kWays[] = {Way::Close,      Way::CloseTwice, Way::NoSite,
                                   Way::Hide,       Way::Deactivate, Way::NoWindow,
                                   Way::NoForm,     Way::NoReference, Way::Everything,
-                                  Way::Backwards};
+                                  Way::Backwards,  Way::Anew};
   void part(Way way);
 
   // A new control, on a new form.
