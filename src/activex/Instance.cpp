@@ -48,6 +48,7 @@ void Instance::takeExtent(const SIZEL& himetric) {
   const SIZE pixels = pixelsOf(extent);
   body.resizeLater(pixels.cx, pixels.cy);
   view.changed();
+  dataSinks.changed();
 }
 
 void Instance::saved() {

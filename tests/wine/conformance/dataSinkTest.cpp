@@ -38,6 +38,21 @@ TEST_F(DataSink, IsSentWhenThePictureChanges) {
   EXPECT_EQ(sink.references, 1U);
 }
 
+// Nobody has it drawn meanwhile.
+TEST_F(DataSink, IsSentAnotherExtent) {
+  AdviseSink sink;
+  FORMATETC metafile = content(CF_ENHMETAFILE, TYMED_ENHMF);
+  DWORD connection = 0;
+  ASSERT_EQ(data_->DAdvise(&metafile, ADVF_NODATA, &sink, &connection), S_OK);
+  SIZEL other = extent();
+  ASSERT_EQ(control_.ole()->SetExtent(DVASPECT_CONTENT, &other), S_OK);  // the same
+  EXPECT_TRUE(sink.formats.empty());
+  other.cx += 1000;
+  ASSERT_EQ(control_.ole()->SetExtent(DVASPECT_CONTENT, &other), S_OK);
+  EXPECT_EQ(sink.formats.size(), 1U);
+  EXPECT_EQ(data_->DUnadvise(connection), S_OK);
+}
+
 TEST_F(DataSink, IsSentOnceToWhomOnceIsEnough) {
   AdviseSink sink;
   FORMATETC all = {0, nullptr, static_cast<DWORD>(-1), -1, static_cast<DWORD>(-1)};
