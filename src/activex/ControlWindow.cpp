@@ -39,11 +39,12 @@ bool ControlWindow::create(HWND parent, const RECT& place) {
 
 void ControlWindow::destroy() {
   lost_ = false;
-  // Given up first, since another may be made before this one is gone. One that the system does
-  // not destroy, because it is another thread's, must not come back to us.
-  if (const HWND window = std::exchange(window_, nullptr);
-      window != nullptr && !DestroyWindow(window)) {
-    SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+  // Given up first, since another may be made before this one is gone.
+  if (const HWND window = std::exchange(window_, nullptr)) {
+    DestroyWindow(window);
+    // One that is still there, on its way out already or another thread's, must not come back to
+    // us.
+    if (IsWindow(window)) SetWindowLongPtrW(window, GWLP_USERDATA, 0);
   }
   // The class goes with its last window, or else it would outlive the library.
   UnregisterClassW(kClassName, moduleHandle());
