@@ -104,7 +104,8 @@ HRESULT STDMETHODCALLTYPE OleObject::DoVerb(LONG verb, LPMSG, IOleClientSite*, L
                                             LPCRECT) {
   return guarded(object(), [&] {
     const HRESULT done = doVerb(verb);
-    if (SUCCEEDED(done)) instance_.closed = false;
+    // To be put out of sight is no use of it.
+    if (SUCCEEDED(done) && verb != OLEIVERB_HIDE) instance_.closed = false;
     return done;
   });
 }

@@ -41,6 +41,7 @@ TEST_F(TearDown, CloseTakesTheWindowAndTellsOnce) {
   EXPECT_EQ(site_.count("OnUIDeactivate"), 1);
   EXPECT_EQ(site_.stays(), 0);
   EXPECT_EQ(sink.closes, 1);
+  EXPECT_EQ(doVerb(OLEIVERB_HIDE), S_OK);  // there is nothing to hide
   EXPECT_EQ(close(OLECLOSE_NOSAVE), S_OK);
   EXPECT_EQ(sink.closes, 1);
   ASSERT_EQ(doVerb(OLEIVERB_SHOW), S_OK);  // it can be used again
