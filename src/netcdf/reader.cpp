@@ -82,7 +82,7 @@ int32_t readScaled(int (*read)(int, int, const std::size_t*, const std::size_t*,
   int32_t accepted = 0;
   float* place = request.output.data();
   for (const Number number : raw) {
-    const double value = number;
+    const auto value = static_cast<double>(number);
     float& stored = *place++;
     stored = request.replacement;
     if (!isAccepted(value, threshold)) continue;
