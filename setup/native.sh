@@ -5,8 +5,12 @@ NATIVE_PACKAGES=(
   # Tools of the builds
   build-essential ccache cmake ninja-build pkg-config
   # Libraries of the native build, of the command line and of the tests
-  googletest libbenchmark-dev libboost-dev libcairo2-dev libcli11-dev libgtest-dev libnetcdf-dev
-  libpugixml-dev nlohmann-json3-dev
+  googletest libbenchmark-dev libboost-dev libcairo2-dev libcli11-dev libgtest-dev libpugixml-dev
+  nlohmann-json3-dev
+  # What our own netCDF stands on; any of curl's variants will do
+  libcurl4-gnutls-dev zlib1g-dev
+  # The protocol library of the DAP server that the tests talk to
+  libdap-dev
   # The face that pictures are lettered in
   fonts-liberation
   # The Windows build: cross-compilers, type library compiler, unpacking of sources
@@ -21,13 +25,25 @@ NATIVE_PACKAGES=(
   msitools python3-markdown wixl
 )
 
+# The machine may have another variant of a package, which must not be removed for ours.
+other_variant() {
+  case $1 in
+    libcurl4-gnutls-dev) printf '%s\n' libcurl4-openssl-dev ;;
+  esac
+}
+
+is_installed() {
+  case $(dpkg-query -W -f '${db:Status-Status}' "$1" 2>/dev/null) in
+    installed*) return 0 ;;
+    *) return 1 ;;
+  esac
+}
+
 missing_packages() {
   local package
   for package in "${NATIVE_PACKAGES[@]}"; do
-    case $(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null) in
-      installed*) ;;
-      *) printf '%s\n' "$package" ;;
-    esac
+    is_installed "$package" || is_installed "$(other_variant "$package")" ||
+      printf '%s\n' "$package"
   done
 }
 
