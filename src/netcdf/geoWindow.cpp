@@ -1,8 +1,7 @@
 #include "netcdf/geoWindow.h"
 
-#include <vector>
+#include <netcdf.h>
 
-#include "netcdf/NetCDF.h"
 #include "netcdf/ncf.h"
 #include "netcdf/routine.h"
 #include "netcdf/status.h"
@@ -66,17 +65,6 @@ bool sizeCoordinates(Grid grid) {
   throw DataProblem("[SetGeoWindow] IF Fall of: Section 1");
 }
 
-void readDegrees(int32_t variable, int32_t type, CoordinateValues& values) {
-  if (type == NC_FLOAT) {
-    checked(NetCDF::library.nc_get_var_float(ncf.NcId, variable - 1, values.data()));
-    return;
-  }
-  std::vector<double> raw(static_cast<std::size_t>(values.size()));
-  checked(NetCDF::library.nc_get_var_double(ncf.NcId, variable - 1, raw.data()));
-  int32_t number = 0;
-  for (const double value : raw) values(++number) = util::storeSingle(value);
-}
-
 // Reads both lists as the type of the longitudes says; the library converts the latitudes.
 void loadCoordinates() {
   const NcVar& longitude = ncf.NcVars(ncf.lon_vId);
@@ -84,10 +72,9 @@ void loadCoordinates() {
     throw DataProblem(typeMessage("Variable-Type of Geographical coodrinate(lon/lat) not expected:",
                                   longitude, "Tyep Number = "));
   }
-  requireElements(ncf.lon_vId, ncf.lon_values.size());
-  requireElements(ncf.lat_vId, ncf.lat_values.size());
-  readDegrees(ncf.lon_vId, longitude.Type, ncf.lon_values);
-  readDegrees(ncf.lat_vId, longitude.Type, ncf.lat_values);
+  const auto read = longitude.Type == NC_FLOAT ? readFloats : readDoublesAsFloats;
+  read(ncf.lon_vId, {ncf.lon_values.begin(), ncf.lon_values.end()});
+  read(ncf.lat_vId, {ncf.lat_values.begin(), ncf.lat_values.end()});
 }
 
 // Makes the longitudes rise across the date line. Each compares with its corrected neighbour.

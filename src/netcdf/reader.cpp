@@ -1,12 +1,12 @@
 #include "netcdf/reader.h"
 
-#include <array>
 #include <cmath>
 #include <cstddef>
 #include <limits>
 
 #include "netcdf/NetCDF.h"
 #include "netcdf/ncf.h"
+#include "netcdf/requestPieces.h"
 #include "netcdf/routine.h"
 #include "netcdf/wholeVariable.h"
 #include "util/RuntimeError.h"
@@ -23,12 +23,6 @@ namespace {
 // A value's share of the missing value from which on it counts as missing.
 constexpr double kMissingShare = 0.99;
 
-// The hyperslab as the library takes it.
-struct Hyperslab {
-  std::array<std::size_t, kDimensionLimit> start{}, count{};
-  std::array<std::ptrdiff_t, kDimensionLimit> stride{};
-};
-
 // The hyperslab for a variable; run-time error 9 when it does not have the variable's rank or
 // would not give tcount values, since the library would then write beyond the buffer.
 Hyperslab hyperslabOf(const NcVar& variable, int32_t tcount) {
@@ -42,9 +36,9 @@ Hyperslab hyperslabOf(const NcVar& variable, int32_t tcount) {
     if (NcStart[i] < 0 || NcCount[i] < 1 || NcStride[i] < 1) util::raise(util::kSubscript);
     product *= NcCount[i];
     if (product > tcount) util::raise(util::kSubscript);
-    slab.start[i] = static_cast<std::size_t>(NcStart[i]);
-    slab.count[i] = static_cast<std::size_t>(NcCount[i]);
-    slab.stride[i] = NcStride[i];
+    slab.start.push_back(static_cast<std::size_t>(NcStart[i]));
+    slab.count.push_back(static_cast<std::size_t>(NcCount[i]));
+    slab.stride.push_back(NcStride[i]);
   }
   if (product != tcount) util::raise(util::kSubscript);
   return slab;
@@ -75,20 +69,23 @@ int32_t readScaled(int (*read)(int, int, const std::size_t*, const std::size_t*,
   int rank = 0;
   checked(NetCDF::library.nc_inq_varndims(request.ncfId, request.variableId, &rank));
   if (rank != request.variable.NDims) util::raise(util::kSubscript);
-  std::vector<Number> raw(static_cast<std::size_t>(request.output.size()));
-  checked(read(request.ncfId, request.variableId, slab.start.data(), slab.count.data(),
-               slab.stride.data(), raw.data()));
+  std::vector<Number> raw;
   const double threshold = request.variable.Missing * kMissingShare;
   int32_t accepted = 0;
   float* place = request.output.data();
-  for (const Number number : raw) {
-    const auto value = static_cast<double>(number);
-    float& stored = *place++;
-    stored = request.replacement;
-    if (!isAccepted(value, threshold)) continue;
-    stored = util::storeSingle(value * request.variable.Scale + request.variable.Offset);
-    ++accepted;
-  }
+  forEachPiece(slab, kMostPerRequest, [&](const Hyperslab& piece, int64_t elements) {
+    raw.resize(static_cast<std::size_t>(elements));
+    checked(read(request.ncfId, request.variableId, piece.start.data(), piece.count.data(),
+                 piece.stride.data(), raw.data()));
+    for (const Number number : raw) {
+      const auto value = static_cast<double>(number);
+      float& stored = *place++;
+      stored = request.replacement;
+      if (!isAccepted(value, threshold)) continue;
+      stored = util::storeSingle(value * request.variable.Scale + request.variable.Offset);
+      ++accepted;
+    }
+  });
   return accepted;
 }
 

@@ -1,7 +1,7 @@
 #include "netcdf/timeAxis.h"
 
-#include <algorithm>
 #include <optional>
+#include <span>
 
 #include "netcdf/ncf.h"
 #include "netcdf/routine.h"
@@ -80,9 +80,8 @@ int32_t loadTime() {
   requireRoom(ncf.ntime);
   // Before the reading: what fails there must not leave the values of an earlier data set.
   ncf.time_values.assign(ncf.ntime);
-  const std::vector<double> values = readAxis(
-      ncf.time_vId, ncf.ntime, "Variable-Type of time coodrinate not expected:", "Type Number = ");
-  std::copy(values.begin(), values.end(), ncf.time_values.begin());
+  readAxis(ncf.time_vId, {ncf.time_values.begin(), ncf.time_values.end()},
+           "Variable-Type of time coodrinate not expected:", "Type Number = ");
   const std::string& units = ncf.NcVars(ncf.time_vId).Unit;
   readUnit(units);
   makeLabels(units);
@@ -94,10 +93,8 @@ int32_t loadLevels() {
   ncf.nlevels = dimensionLength(ncf.level_dId);
   requireRoom(ncf.nlevels);
   ncf.level_values.assign(static_cast<std::size_t>(ncf.nlevels) + 1, 0.0);  // 0: the column's top
-  const std::vector<double> depths =
-      readAxis(ncf.level_vId, ncf.nlevels,
-               "Variable-Type of vertical coodrinate not expected:", "Tyep Number = ");
-  std::copy(depths.begin(), depths.end(), ncf.level_values.begin() + 1);
+  readAxis(ncf.level_vId, std::span(ncf.level_values).subspan(1),
+           "Variable-Type of vertical coodrinate not expected:", "Tyep Number = ");
   return 1;
 }
 

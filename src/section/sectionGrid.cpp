@@ -8,7 +8,9 @@ SectionGrid section_values;
 
 void SectionGrid::size(int32_t ncols, int32_t nlevels) {
   if (ncols < 1 || nlevels < 1) util::raise(util::kSubscript);
-  const auto count = static_cast<std::size_t>(util::multiplyLong(ncols, nlevels));
+  const int32_t wanted = util::multiplyLong(ncols, nlevels);
+  if (wanted > kMostSectionValues) util::raise(util::kOutOfMemory);
+  const auto count = static_cast<std::size_t>(wanted);
   std::vector<float> values(count, 0.0F);
   std::vector<int16_t> marks(count, int16_t{0});
   values_.swap(values);

@@ -14,11 +14,15 @@ inline constexpr float kMissingValue = -1e35F;
 // not).
 inline bool isValue(float value) { return value > kMissingValue; }
 
+// The most values of a section: beyond it a 32-bit host would have no room left for its own.
+inline constexpr int64_t kMostSectionValues = int64_t{1} << 26;
+
 // The values of one section read, columns 1..ncols by levels 1..nlevels, with everything that a
 // later repaint needs of the data set and path they came from.
 class SectionGrid {
  public:
-  // Sizes the grid afresh, all zero and unmarked; no column or no level is run-time error 9.
+  // Sizes the grid afresh, all zero and unmarked; no column or no level is run-time error 9, more
+  // than kMostSectionValues values are error 7.
   void size(int32_t ncols, int32_t nlevels);
 
   int32_t ncols() const { return ncols_; }
