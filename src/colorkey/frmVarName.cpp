@@ -14,7 +14,7 @@ void frmVarName::filename(const std::string& name) {
          variable = nextElement(variable, document.tree, "variable")) {
       names_.emplace_back(variable.attribute("name").value());
     }
-  } catch (const std::exception&) {
+  } catch (const std::runtime_error&) {
     names_.clear();
   }
 }

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cmath>
+#include <new>
 #include <random>
 
 #include "colorkey/colorKey.h"
@@ -12,6 +13,7 @@
 #include "section/drawItems.h"
 #include "section/sectionValues.h"
 #include "util/RuntimeError.h"
+#include "util/lastError.h"
 #include "util/rounding.h"
 
 namespace ModColor {
@@ -44,11 +46,25 @@ bool readRange() {
   return item.maximum >= item.minimum || item.plot_max != item.plot_min;
 }
 
+// Number of divisions of the key in the file, -1 for none that can be used. A file that there is no
+// memory for may well have one, which no other key may be saved over.
+int32_t keyOf(const std::string& fileName) {
+  try {
+    return ReadKewCol(fileName);
+  } catch (const std::bad_alloc&) {
+    NewColorKey();
+    throw;
+  } catch (...) {
+    util::reportTagged("ModColor GetKewCol");
+    return -1;
+  }
+}
+
 void makeKey(const std::string& fileName) {
   if (ColorKey.nDivision != 0) return;
   NewColorKey();
   if (platform::fileExists(fileName)) {
-    ColorKey.nDivision = GetKewCol(fileName);
+    ColorKey.nDivision = keyOf(fileName);
     if (ColorKey.nDivision >= 0) {
       bUseKey = -1;
       return;
@@ -63,14 +79,23 @@ void makeKey(const std::string& fileName) {
   SaveKEW();
 }
 
+// The error that is being handled; without the memory for a box it is reported.
+void showError() noexcept {
+  try {
+    platform::desktop().ShowMessage(util::currentError().description, "InitColorKey",
+                                    platform::MessageIcon::Information);
+  } catch (...) {
+    util::reportBracketed("InitColorKey");
+  }
+}
+
 }  // namespace
 
 void InitColorKey(const std::string& fileName) {
   try {
     makeKey(fileName);
   } catch (...) {
-    platform::desktop().ShowMessage(util::currentError().description, "InitColorKey",
-                                    platform::MessageIcon::Information);
+    showError();
   }
 }
 

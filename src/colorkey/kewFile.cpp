@@ -8,6 +8,7 @@
 #include "colorkey/kewReading.h"
 #include "netcdf/ncf.h"
 #include "platform/Desktop.h"
+#include "platform/WriteTurn.h"
 #include "platform/files.h"
 #include "section/drawItems.h"
 #include "util/RuntimeError.h"
@@ -89,11 +90,23 @@ void replaceKey(const std::string& fileName, const std::string& variable) {
   document.save(fileName);
 }
 
+void replaceKeyTrapped(const std::string& fileName, const std::string& variable) {
+  try {
+    replaceKey(fileName, variable);
+  } catch (...) {
+    util::reportTagged("ModColor SaveExistingKew");
+  }
+}
+
 }  // namespace
+
+int32_t ReadKewCol(const std::string& fileName) {
+  return readVariable(fileName, shownVariable(), takeIntoKey);
+}
 
 int32_t GetKewCol(const std::string& fileName) {
   try {
-    return readVariable(fileName, shownVariable(), takeIntoKey);
+    return ReadKewCol(fileName);
   } catch (...) {
     util::reportTagged("ModColor GetKewCol");
     return -1;
@@ -105,8 +118,9 @@ void SaveKEW() {
     const std::string& variable = shownVariable();
     const std::string fileName = ownKewFile();
     if (fileName.empty()) throw std::runtime_error("There is no data set");
+    const platform::WriteTurn turn(fileName);
     if (platform::fileExists(fileName)) {
-      SaveExistingKew(fileName, variable);
+      replaceKeyTrapped(fileName, variable);
     } else {
       saveNew(fileName, variable);
     }
@@ -117,6 +131,7 @@ void SaveKEW() {
 
 void SaveExistingKew(const std::string& fileName, const std::string& variable) {
   try {
+    const platform::WriteTurn turn(fileName);
     replaceKey(fileName, variable);
   } catch (...) {
     util::reportTagged("ModColor SaveExistingKew");

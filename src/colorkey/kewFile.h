@@ -16,8 +16,13 @@ namespace ModColor {
 // the divisions read before it are kept.
 int32_t GetKewCol(const std::string& fileName);
 
+// The same, but what is more than a missing key leaves it as an exception.
+int32_t ReadKewCol(const std::string& fileName);
+
 // Writes the key of the item shown into the data set's own KEW file: a new file, or an existing
-// one with this key replaced. Failures are reported under "ModColor SaveKEW".
+// one with this key replaced. Failures are reported under "ModColor SaveKEW". From the reading of
+// an existing file to its replacement no other program that saves this way comes in between, so
+// that no key of another variable is lost; a wait for one ends after some seconds as a failure.
 void SaveKEW();
 
 // Replaces or adds one variable's key in an existing KEW file, as its last element; everything

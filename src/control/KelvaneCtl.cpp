@@ -1,6 +1,8 @@
 #include "control/KelvaneCtl.h"
 
 #include <algorithm>
+#include <new>
+#include <string_view>
 
 #include "colorkey/colorKey.h"
 #include "colorkey/initColorKey.h"
@@ -33,6 +35,28 @@ constexpr int16_t kFailure = -1;
 
 int16_t outcome(int32_t status) { return status >= 0 ? kSuccess : kFailure; }
 
+// Runs what belongs to a member and reports what it throws, most often for want of memory, under
+// the member's name; the result is then the given one.
+template <class Result, class Body>
+Result trapped(std::string_view member, Result failed, const Body& body) noexcept {
+  try {
+    return body();
+  } catch (...) {
+    util::reportBracketed(member);
+    return failed;
+  }
+}
+template <class Body>
+void trapped(std::string_view member, const Body& body) noexcept {
+  trapped(member, 0, [&] {
+    body();
+    return 0;
+  });
+}
+
+// The texts that members give; where a copy has no room in memory, this has.
+const char* const kNoRoom = "Out of memory";
+
 }  // namespace
 
 KelvaneCtl::KelvaneCtl(platform::Pictures pictures, platform::Desktop& desktop, Dialogs& dialogs)
@@ -40,11 +64,17 @@ KelvaneCtl::KelvaneCtl(platform::Pictures pictures, platform::Desktop& desktop, 
 
 void KelvaneCtl::ShowOptions() {
   const DesktopScope scope(desktop_);
-  if (OpenOptionsForm(dialogs_) > 0) DrawHeld();
+  trapped("ShowOptions", [&] {
+    if (OpenOptionsForm(dialogs_) > 0) DrawHeld();
+  });
 }
 
 int16_t KelvaneCtl::NcFile(const std::string& filename) {
   const DesktopScope scope(desktop_);
+  return trapped("NcFile", kFailure, [&] { return open(filename); });
+}
+
+int16_t KelvaneCtl::open(const std::string& filename) {
   ocxNetNc::DataSetName = filename;
   if (ocxNetNc::OpenCatalogue(filename, 0) < 0) return kFailure;
   if (ocxNetNc::IdentifyCoordinates() <= 0) return kFailure;
@@ -75,25 +105,36 @@ void KelvaneCtl::NewColorKey() { ModColor::NewColorKey(); }
 
 int16_t KelvaneCtl::EndSection() {
   const DesktopScope scope(desktop_);
-  return outcome(MakeKelvane());
+  return trapped("EndSection", kFailure, [] { return outcome(MakeKelvane()); });
 }
 
 int16_t KelvaneCtl::SetVarByName(const std::string& vName) {
   const DesktopScope scope(desktop_);
-  return outcome(SelectVarByName(vName));
+  return trapped("SetVarByName", kFailure, [&] { return outcome(SelectVarByName(vName)); });
 }
 
 int16_t KelvaneCtl::SetVarByOrder(int32_t Order) {
   const DesktopScope scope(desktop_);
-  return outcome(SelectVarByOrder(Order));
+  return trapped("SetVarByOrder", kFailure, [&] { return outcome(SelectVarByOrder(Order)); });
 }
 
-std::string KelvaneCtl::ErrorMessage() const { return util::LastError; }
+std::string KelvaneCtl::ErrorMessage() const {
+  try {
+    return util::LastError;
+  } catch (const std::bad_alloc&) {
+    return kNoRoom;
+  }
+}
 
 int32_t KelvaneCtl::NumDrawAbleItems() const { return nDrawItems(); }
 
 std::string KelvaneCtl::ItemName(int32_t nOrder) const {
-  return DrawItems.has(nOrder) ? DrawItems(nOrder).name : std::string();
+  try {
+    return DrawItems.has(nOrder) ? DrawItems(nOrder).name : std::string();
+  } catch (...) {
+    util::reportBracketed("ItemName");
+    return {};
+  }
 }
 
 bool KelvaneCtl::DrawProfile() const { return settings.ViewMode == kProfileView; }
@@ -110,17 +151,19 @@ void KelvaneCtl::DrawVerticalSection(bool section) {
 
 void KelvaneCtl::Draw() {
   const DesktopScope scope(desktop_);
-  if (Item_shown < 1) {
-    Item_shown = 1;
-    VarShown = ItemMatch(Item_shown);
-  }
-  ReadAndDraw();
+  trapped("Draw", [&] {
+    if (Item_shown < 1) {
+      Item_shown = 1;
+      VarShown = ItemMatch(Item_shown);
+    }
+    ReadAndDraw();
+  });
 }
 
 void KelvaneCtl::SetCurrentTime(int32_t lTime) {
   const DesktopScope scope(desktop_);
   TimeShown = lTime;
-  if (lTime >= 1) ReadAndDraw();
+  if (lTime >= 1) trapped("SetCurrentTime", [&] { ReadAndDraw(); });
 }
 
 int32_t KelvaneCtl::AdvanceTime(int32_t nt) {
@@ -133,7 +176,7 @@ int32_t KelvaneCtl::AdvanceTime(int32_t nt) {
 
 void KelvaneCtl::ReDraw() {
   const DesktopScope scope(desktop_);
-  DrawHeld();
+  trapped("ReDraw", [&] { DrawHeld(); });
 }
 
 bool KelvaneCtl::UseColorKey() const { return ModColor::bUseKey == -1; }
@@ -143,20 +186,23 @@ void KelvaneCtl::UseColorKey(bool use) { ModColor::UseColorKey(use); }
 // Always anew, whatever key is there.
 void KelvaneCtl::InitColorKey() {
   const DesktopScope scope(desktop_);
-  ModColor::NewColorKey();
-  ModColor::InitColorKey(ModColor::ownKewFile());
+  trapped("InitColorKey", [] {
+    ModColor::NewColorKey();
+    ModColor::InitColorKey(ModColor::ownKewFile());
+  });
 }
 
 void KelvaneCtl::Resize(int32_t width, int32_t height) {
-  const int32_t newWidth = std::max(width, 0);
-  const int32_t newHeight = std::max(height, 0);
+  trapped("Resize", [&] { take({.width = std::max(width, 0), .height = std::max(height, 0)}); });
+}
+
+void KelvaneCtl::take(Size size) {
   for (platform::PictureBox* picture : {&pictures_.picDateTime, &pictures_.picSection,
                                         &pictures_.picContours, &pictures_.Picture1}) {
-    picture->Move(0, 0, newWidth, newHeight);
+    picture->Move(0, 0, size.width, size.height);
   }
-  if (newWidth == width_ && newHeight == height_) return;
-  width_ = newWidth;
-  height_ = newHeight;
+  if (size == size_) return;
+  size_ = size;
   ReDraw();
 }
 

@@ -10,9 +10,9 @@
 namespace control {
 
 // The members of the control and nothing but the members, in dispatch order. Data problems are
-// return values (-1) with the reason in ErrorMessage; a run-time error (util::RuntimeError) can
-// leave AddSection, AddColorKey and AdvanceTime only. Everything but the pictures is shared by
-// all controls of the process.
+// return values (-1) with the reason in ErrorMessage; a run-time error (util::RuntimeError, or
+// std::bad_alloc for "out of memory") can leave AddSection, AddColorKey and AdvanceTime only.
+// Everything but the pictures is shared by all controls of the process.
 class KelvaneCtl {
  public:
   KelvaneCtl(platform::Pictures pictures, platform::Desktop& desktop,
@@ -48,13 +48,19 @@ class KelvaneCtl {
   void Resize(int32_t width, int32_t height);
 
  private:
+  struct Size {
+    int32_t width = 0, height = 0;
+    bool operator==(const Size&) const = default;
+  };
+  int16_t open(const std::string& filename);
+  void take(Size size);
   void ReadAndDraw();
   void DrawHeld();
 
   platform::Pictures pictures_;
   platform::Desktop& desktop_;
   Dialogs& dialogs_;
-  int32_t width_ = 0, height_ = 0;
+  Size size_;
 };
 
 }  // namespace control

@@ -9,13 +9,25 @@ void checked(int status) {
   if (status != 0) throw LibraryRefusal{status};
 }
 
-int32_t runRoutine(std::string_view tag, const std::function<int32_t()>& body) {
+namespace {
+
+// The way of each kind of exception; it may fail itself for want of memory.
+int32_t sortedFailure() {
   try {
-    return body();
+    throw;
   } catch (const LibraryRefusal& refusal) {
     return libraryFailure(refusal.status);
   } catch (const DataProblem& problem) {
     util::LastError = problem.what();
+  }
+  return -1;
+}
+
+}  // namespace
+
+int32_t routineFailure(std::string_view tag) noexcept {
+  try {
+    return sortedFailure();
   } catch (...) {
     util::reportBracketed(tag);
     NcClose();

@@ -1,8 +1,9 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
+#include <initializer_list>
 #include <stdexcept>
+#include <string>
 #include <string_view>
 
 #include "util/OneBased.h"
@@ -24,11 +25,22 @@ class DataProblem : public std::runtime_error {
 // Throws LibraryRefusal for a status other than 0.
 void checked(int status);
 
+// Turns the exception being handled into the failure of a routine: always below 0. Call it inside a
+// catch block.
+int32_t routineFailure(std::string_view tag) noexcept;
+
 // Runs the body of a routine and turns what it throws into the routine's failure. A refusal of
 // the library goes its one way (libraryFailure), a data problem becomes LastError, any other
 // exception is reported under the routine's tag and closes the data set. Result: the body's, or
 // a value below 0: -1, or the library's status as a failure value.
-int32_t runRoutine(std::string_view tag, const std::function<int32_t()>& body);
+template <class Body>
+int32_t runRoutine(std::string_view tag, const Body& body) noexcept {
+  try {
+    return body();
+  } catch (...) {
+    return routineFailure(tag);
+  }
+}
 
 // The most elements that an attribute or a coordinate variable may have; a longer one would
 // take memory that a 32-bit host does not have and counts as "out of memory".

@@ -13,7 +13,8 @@ namespace platform {
 bool fileExists(const std::string& path);
 
 // The whole of a regular file. A failure throws std::runtime_error with a text for the user: a
-// missing or unreadable file, one that is no regular file, one of more than limit bytes.
+// missing or unreadable file, one that is no regular file, one of more than limit bytes. What the
+// memory cannot hold is std::bad_alloc, which says nothing about the file.
 std::string readWholeFile(const std::string& path, std::size_t limit);
 
 // Writes a file completely or not at all, and durably: beside its final place, forced to the

@@ -40,10 +40,8 @@ std::string readToEnd(const std::string& path, std::uint64_t expected, std::size
   if (expected > limit) failFile("read", path, kTooLarge);
   try {
     return readWithin(path, static_cast<std::size_t>(expected), limit, read);
-  } catch (const std::bad_alloc&) {
-    failFile("read", path, "Not enough memory");
   } catch (const std::length_error&) {
-    failFile("read", path, "Not enough memory");
+    throw std::bad_alloc();
   }
 }
 

@@ -17,11 +17,12 @@ namespace platform {
 inline constexpr const char* kIsDirectory = "Is a directory";
 inline constexpr const char* kNotRegular = "Not a regular file";
 inline constexpr const char* kTooLarge = "File too large";
+inline constexpr const char* kBusy = "Another program is writing it";
 
 // Everything that `read` gives; it stores up to `length` bytes at `to` and returns how many, 0 at
 // the end only. `expected` is what the file says of its length: a growing file, and some of the
-// system's own, have more. Fails for `path` when there are more than `limit` bytes, or more than
-// the memory holds.
+// system's own, have more. Fails for `path` when there are more than `limit` bytes; std::bad_alloc
+// when there are more than the memory holds.
 std::string readToEnd(const std::string& path, std::uint64_t expected, std::size_t limit,
                       const std::function<std::size_t(char* to, std::size_t length)>& read);
 
