@@ -44,6 +44,10 @@ std::optional<LinePiece> clipLine(const LinePiece& line, double width, double he
     piece.x2 = line.x1 + way.to * dx;
     piece.y2 = line.y1 + way.to * dy;
   }
+  // On a line that comes from very far away a place has rounding errors as large as the surface or
+  // larger, and so has the decision which of its ends are inside.
+  for (double* const x : {&piece.x1, &piece.x2}) *x = std::clamp(*x, -border, width + border);
+  for (double* const y : {&piece.y1, &piece.y2}) *y = std::clamp(*y, -border, height + border);
   return piece;
 }
 
