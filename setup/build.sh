@@ -35,13 +35,14 @@ configure_and_build() {
   configure "$name" && cmake --build "$(build_dir "$name")" --parallel "$(nproc)" "${options[@]}"
 }
 
-# build NAME "about N s" [target...] builds the folder NAME (native, asan, win32, win64).
+# build NAME "about N s" [target...] builds the folder NAME (native, asan, fuzz, win32, win64).
 build() {
   local name=$1 time=$2 what
   shift 2
   case $name in
     native) what='the native build' ;;
     asan) what='the sanitizer build' ;;
+    fuzz) what='the fuzz targets' ;;
     win32) what='the 32-bit Windows build' ;;
     win64) what='the 64-bit Windows build' ;;
   esac

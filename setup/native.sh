@@ -39,6 +39,10 @@ is_installed() {
   esac
 }
 
+# What fuzz/run needs besides: a clang with libFuzzer, and a symbolizer for its reports.
+# shellcheck disable=SC2034
+FUZZ_PACKAGES=(clang libclang-rt-14-dev llvm)
+
 missing_packages() {
   local package
   for package in "${NATIVE_PACKAGES[@]}"; do

@@ -1,0 +1,371 @@
+#include "targets/support/FakeLibrary.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstring>
+#include <limits>
+#include <string>
+#include <type_traits>
+#include <vector>
+
+#include "netcdf/NetCDF.h"
+#include "targets/support/must.h"
+
+namespace fuzz {
+namespace {
+
+struct Dimension {
+  std::string name;
+  std::size_t length = 0;
+};
+struct Attribute {
+  std::string name;
+  nc_type type = NC_CHAR;
+  std::string text;             // of NC_CHAR
+  std::vector<double> numbers;  // of any other type
+  std::size_t length() const { return type == NC_CHAR ? text.size() : numbers.size(); }
+};
+struct Variable {
+  std::string name;
+  nc_type type = NC_FLOAT;
+  std::vector<int> dimensions;
+  std::vector<Attribute> attributes;
+};
+struct DataSet {
+  std::vector<Dimension> dimensions;
+  std::vector<Variable> variables;
+  std::vector<Attribute> attributes;
+  int unlimited = -1;
+};
+
+Input* input = nullptr;
+DataSet held;
+bool open = false;
+bool faultless = true;
+
+std::string anyName() {
+  static constexpr const char* kNames[] = {"lon",  "lat",   "time",  "depth",        "temp",
+                                           "zeta", "icell", "jcell", "ncell",        "level",
+                                           "x",    "y",     "units", "scale_factor", "add_offset",
+                                           "missing_value", "valid_range", "long_name", "_FillValue"};
+  const uint8_t got = input->byte();
+  // No name is empty or holds a zero byte.
+  if (got == '"') return "_" + std::string(input->text(NC_MAX_NAME - 1).c_str());
+  return kNames[got % std::size(kNames)];
+}
+
+std::string anyText() {
+  static constexpr const char* kTexts[] = {
+      "degrees_east", "degrees_north", "days since 1990-01-01", "hours since 1-JAN-1970 00:00",
+      "months", "m", "seconds since 2000-01-01T00:00:00Z"};
+  const uint8_t got = input->byte();
+  if (got == '"') return input->text();
+  return kTexts[got % std::size(kTexts)];
+}
+
+nc_type anyType() {
+  const int32_t got = input->choice(16);
+  return got <= NC_STRING ? got : NC_FLOAT;
+}
+
+// Lengths that can be held, and those that nothing can hold.
+std::size_t anyLength() {
+  const int32_t got = input->choice(32);
+  if (got < 26) return static_cast<std::size_t>(got);
+  return std::array<std::size_t, 6>{std::size_t{1} << 27, std::size_t{1} << 31,
+                                    (std::size_t{1} << 32) + 3, std::size_t{1} << 62, 100, 40}
+      [static_cast<std::size_t>(got - 26)];
+}
+
+std::vector<Attribute> anyAttributes() {
+  std::vector<Attribute> made(static_cast<std::size_t>(input->choice(18)) % 6);
+  if (input->choice(64) == 63) made.resize(20);
+  for (Attribute& one : made) {
+    one.name = anyName();
+    one.type = input->coin() ? anyType() : NC_CHAR;
+    if (one.type == NC_CHAR) {
+      one.text = anyText();
+    } else {
+      one.numbers.resize(static_cast<std::size_t>(input->choice(4)));
+      for (double& number : one.numbers) number = input->real();
+    }
+  }
+  return made;
+}
+
+// A regular grid of longitudes, latitudes, depths and times that every change starts from.
+DataSet regular() {
+  const auto units = [](const char* text) {
+    return std::vector<Attribute>{{"units", NC_CHAR, text, {}}};
+  };
+  return {{{"lon", 6}, {"lat", 5}, {"depth", 3}, {"time", 2}},
+          {{"lon", NC_FLOAT, {0}, units("degrees_east")},
+           {"lat", NC_DOUBLE, {1}, units("degrees_north")},
+           {"depth", NC_FLOAT, {2}, units("m")},
+           {"time", NC_DOUBLE, {3}, units("days since 1990-01-01")},
+           {"temp", NC_FLOAT, {3, 2, 1, 0}, units("degC")}},
+          {},
+          3};
+}
+
+int anyDimension() {
+  return input->choice(static_cast<int32_t>(std::max<std::size_t>(held.dimensions.size(), 1)));
+}
+
+void changeDataSet() {
+  switch (input->choice(8)) {
+    case 0:
+      held.dimensions.push_back({anyName(), anyLength()});
+      break;
+    case 1:
+      if (held.dimensions.empty()) break;
+      held.dimensions[static_cast<std::size_t>(anyDimension())] = {anyName(), anyLength()};
+      break;
+    case 2: {
+      Variable variable{anyName(), anyType(), {}, {}};
+      for (int32_t left = input->choice(8); left > 0; --left) {
+        variable.dimensions.push_back(anyDimension());
+      }
+      variable.attributes = anyAttributes();
+      held.variables.push_back(variable);
+      break;
+    }
+    case 3:
+      held.attributes = anyAttributes();
+      break;
+    case 4:
+      held.unlimited = input->choice(6) - 1;
+      break;
+    default: {
+      if (held.variables.empty()) break;
+      Variable& variable = held.variables[static_cast<std::size_t>(
+          input->choice(static_cast<int32_t>(held.variables.size())))];
+      if (input->coin()) variable.attributes = anyAttributes();
+      if (input->coin()) variable.type = anyType();
+      if (input->coin()) variable.name = anyName();
+      if (input->coin() && !variable.dimensions.empty()) {
+        variable.dimensions[0] = anyDimension();
+      }
+      break;
+    }
+  }
+}
+
+// A refusal now and then, where the input wants any.
+int status() {
+  if (faultless || input->byte() != '!') return NC_NOERR;
+  return std::array{NC_EBADID, NC_EHDFERR, NC_EDAP, NC_ENOMEM, 2, NC_EAUTH, NC_ERANGE, -9999}
+      [static_cast<std::size_t>(input->choice(8))];
+}
+
+bool has(int place, std::size_t count) {
+  return place >= 0 && static_cast<std::size_t>(place) < count;
+}
+
+void copyName(char* to, const std::string& name) {
+  if (to != nullptr) std::memcpy(to, name.c_str(), name.size() + 1);
+}
+
+const std::vector<Attribute>* attributesOf(int variable) {
+  if (variable == NC_GLOBAL) return &held.attributes;
+  return has(variable, held.variables.size())
+             ? &held.variables[static_cast<std::size_t>(variable)].attributes
+             : nullptr;
+}
+
+const Attribute* attributeOf(int variable, const char* name) {
+  const auto* all = attributesOf(variable);
+  if (all == nullptr) return nullptr;
+  const auto found = std::ranges::find(*all, std::string(name), &Attribute::name);
+  return found == all->end() ? nullptr : &*found;
+}
+
+const Variable* variableOf(int variable) {
+  MUST(open);
+  return has(variable, held.variables.size())
+             ? &held.variables[static_cast<std::size_t>(variable)]
+             : nullptr;
+}
+
+template <class Number>
+Number numberOf(double value) {
+  if constexpr (std::is_same_v<Number, double>) return value;
+  constexpr auto most = static_cast<double>(std::numeric_limits<Number>::max());
+  if (std::is_same_v<Number, float> && !(value <= most && value >= -most)) {
+    return static_cast<Number>(value > 0 ? INFINITY : value < 0 ? -INFINITY : NAN);
+  }
+  return value <= most && value >= -most ? static_cast<Number>(value) : Number{};
+}
+
+template <class Number>
+int attributeNumbers(int, int variable, const char* name, Number* to) {
+  const Attribute* attribute = attributeOf(variable, name);
+  if (attribute == nullptr) return NC_ENOTATT;
+  if (attribute->type == NC_CHAR) return NC_ECHAR;
+  for (const double number : attribute->numbers) *to++ = numberOf<Number>(number);
+  return status();
+}
+
+// Values climb by one, so that coordinates are of use, with some of the input's among them.
+template <class Number>
+void fill(Number* to, std::size_t count) {
+  MUST(count <= std::size_t{1} << 26);
+  const int32_t strange = input->choice(8);
+  for (std::size_t i = 0; i < count; ++i) {
+    to[i] = numberOf<Number>(static_cast<double>(i % 1000));
+  }
+  if (strange < 6) return;
+  for (int32_t left = strange; left > 0 && count > 0; --left) {
+    to[input->byte() % count] = numberOf<Number>(input->real());
+  }
+}
+
+template <class Number>
+int wholeVariable(int, int number, Number* to) {
+  const Variable* variable = variableOf(number);
+  if (variable == nullptr) return NC_ENOTVAR;
+  if (variable->type == NC_CHAR) return NC_ECHAR;
+  std::size_t count = 1;
+  for (const int dimension : variable->dimensions) {
+    count *= held.dimensions[static_cast<std::size_t>(dimension)].length;
+  }
+  fill(to, count);
+  return status();
+}
+
+template <class Number>
+int hyperslab(int, int number, const std::size_t* start, const std::size_t* counts,
+              const std::ptrdiff_t* stride, Number* to) {
+  const Variable* variable = variableOf(number);
+  if (variable == nullptr) return NC_ENOTVAR;
+  if (variable->type == NC_CHAR) return NC_ECHAR;
+  std::size_t count = 1;
+  for (std::size_t d = 0; d < variable->dimensions.size(); ++d) {
+    MUST(counts[d] >= 1 && stride[d] >= 1);
+    const std::size_t length =
+        held.dimensions[static_cast<std::size_t>(variable->dimensions[d])].length;
+    const std::size_t last = (counts[d] - 1) * static_cast<std::size_t>(stride[d]);
+    if (start[d] >= length || last > length - 1 - start[d]) return NC_EEDGE;
+    count *= counts[d];
+  }
+  fill(to, count);
+  return status();
+}
+
+int openDataSet(const char*, int mode, int* id) {
+  MUST(mode == NC_NOWRITE && !open);
+  if (const int refusal = status()) return refusal;
+  for (int32_t left = input->choice(10); left > 0; --left) changeDataSet();
+  open = true;
+  *id = 0;
+  return NC_NOERR;
+}
+
+}  // namespace
+
+FakeLibrary::FakeLibrary(Input& from) {
+  input = &from;
+  held = regular();
+  open = false;
+  faultless = from.coin();
+  NetCDF::EntryPoints& calls = NetCDF::library;
+  calls.nc_open = openDataSet;
+  calls.nc_close = [](int) {
+    MUST(open);
+    open = false;
+    return status();
+  };
+  calls.nc_inq_ndims = [](int, int* count) {
+    *count = static_cast<int>(held.dimensions.size());
+    return status();
+  };
+  calls.nc_inq_unlimdim = [](int, int* id) {
+    *id = held.unlimited;
+    return status();
+  };
+  calls.nc_inq_dim = [](int, int id, char* name, std::size_t* length) {
+    if (!has(id, held.dimensions.size())) return NC_EBADDIM;
+    const Dimension& dimension = held.dimensions[static_cast<std::size_t>(id)];
+    copyName(name, dimension.name);
+    if (length != nullptr) *length = dimension.length;
+    return status();
+  };
+  calls.nc_inq_nvars = [](int, int* count) {
+    *count = static_cast<int>(held.variables.size());
+    return status();
+  };
+  calls.nc_inq_varname = [](int, int id, char* name) {
+    const Variable* variable = variableOf(id);
+    if (variable == nullptr) return NC_ENOTVAR;
+    copyName(name, variable->name);
+    return status();
+  };
+  calls.nc_inq_varndims = [](int, int id, int* count) {
+    const Variable* variable = variableOf(id);
+    if (variable == nullptr) return NC_ENOTVAR;
+    *count = static_cast<int>(variable->dimensions.size());
+    return status();
+  };
+  calls.nc_inq_vartype = [](int, int id, nc_type* type) {
+    const Variable* variable = variableOf(id);
+    if (variable == nullptr) return NC_ENOTVAR;
+    *type = variable->type;
+    return status();
+  };
+  calls.nc_inq_vardimid = [](int, int id, int* dimensions) {
+    const Variable* variable = variableOf(id);
+    if (variable == nullptr) return NC_ENOTVAR;
+    std::ranges::copy(variable->dimensions, dimensions);
+    return status();
+  };
+  calls.nc_inq_natts = [](int, int* count) {
+    *count = static_cast<int>(held.attributes.size());
+    return status();
+  };
+  calls.nc_inq_varnatts = [](int, int id, int* count) {
+    const auto* all = attributesOf(id);
+    if (all == nullptr) return NC_ENOTVAR;
+    *count = static_cast<int>(all->size());
+    return status();
+  };
+  calls.nc_inq_attname = [](int, int id, int place, char* name) {
+    const auto* all = attributesOf(id);
+    if (all == nullptr || !has(place, all->size())) return NC_ENOTATT;
+    copyName(name, (*all)[static_cast<std::size_t>(place)].name);
+    return status();
+  };
+  calls.nc_inq_att = [](int, int id, const char* name, nc_type* type, std::size_t* length) {
+    const Attribute* attribute = attributeOf(id, name);
+    if (attribute == nullptr) return NC_ENOTATT;
+    if (type != nullptr) *type = attribute->type;
+    if (length != nullptr) *length = attribute->length();
+    return status();
+  };
+  calls.nc_get_att_text = [](int, int id, const char* name, char* to) {
+    const Attribute* attribute = attributeOf(id, name);
+    if (attribute == nullptr) return NC_ENOTATT;
+    if (attribute->type != NC_CHAR) return NC_ECHAR;
+    std::ranges::copy(attribute->text, to);
+    return status();
+  };
+  calls.nc_get_att_short = attributeNumbers<short>;
+  calls.nc_get_att_int = attributeNumbers<int>;
+  calls.nc_get_att_float = attributeNumbers<float>;
+  calls.nc_get_att_double = attributeNumbers<double>;
+  calls.nc_get_var_short = wholeVariable<short>;
+  calls.nc_get_var_int = wholeVariable<int>;
+  calls.nc_get_var_float = wholeVariable<float>;
+  calls.nc_get_var_double = wholeVariable<double>;
+  calls.nc_get_vars_short = hyperslab<short>;
+  calls.nc_get_vars_int = hyperslab<int>;
+  calls.nc_get_vars_float = hyperslab<float>;
+  calls.nc_get_vars_double = hyperslab<double>;
+}
+
+FakeLibrary::~FakeLibrary() {
+  NetCDF::library = NetCDF::theLibrary();
+  input = nullptr;
+}
+
+}  // namespace fuzz
