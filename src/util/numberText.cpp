@@ -180,10 +180,12 @@ double beyondDouble(std::string_view digits) {
   if (mark != std::string_view::npos) {
     const char* start = digits.data() + mark + 1;
     if (*start == '+') ++start;
+    // No text has so many digits that they could make up for an exponent of this size.
+    constexpr int64_t kBeyond = 1'000'000'000'000;
     int64_t exponent = 0;
     const auto read = std::from_chars(start, digits.data() + digits.size(), exponent);
-    if (read.ec != std::errc()) exponent = *start == '-' ? -1'000'000'000'000 : 1'000'000'000'000;
-    magnitude += exponent;
+    if (read.ec != std::errc()) exponent = *start == '-' ? -kBeyond : kBeyond;
+    magnitude += std::clamp(exponent, -kBeyond, kBeyond);
   }
   return magnitude > 0 ? std::numeric_limits<double>::infinity() : 0.0;
 }

@@ -175,6 +175,9 @@ TEST(LeadingNumber, AnswersInfinityBeyondTheDoubleRange) {
   EXPECT_EQ(util::leadingNumber("1e400"), std::numeric_limits<double>::infinity());
   EXPECT_EQ(util::leadingNumber("-1e999999999999999999999"),
             -std::numeric_limits<double>::infinity());
+  // Exponents at the ends of 64 bits.
+  EXPECT_EQ(util::leadingNumber("5e9223372036854775807"), std::numeric_limits<double>::infinity());
+  EXPECT_EQ(util::leadingNumber("0.05e-9223372036854775808"), 0.0);
   EXPECT_EQ(util::leadingNumber("0." + std::string(400, '0') + "1"), 0.0);
   EXPECT_EQ(util::leadingNumber(std::string(400, '9') + ".0"),
             std::numeric_limits<double>::infinity());
