@@ -1,5 +1,5 @@
 // Runs a target without libFuzzer: its seeds, then so many mutations of them, the same ones every
-// time. An input that ends the process is left in the current folder.
+// time. An input that ends the process is left in the current folder, as fuzz_<target>.crash.
 //
 //     fuzz_<target> FOLDER COUNT
 
@@ -21,14 +21,15 @@
 namespace {
 
 std::string current;
+std::string crashFile;
 constexpr std::size_t kLongest = 4096;
 
 void keepCurrent() {
-  std::FILE* file = std::fopen("crash-input", "wb");
+  std::FILE* file = std::fopen(crashFile.c_str(), "wb");
   if (file == nullptr) return;
   std::fwrite(current.data(), 1, current.size(), file);
   std::fclose(file);
-  std::fputs("the input is in crash-input in the current folder\n", stderr);
+  std::fprintf(stderr, "the input is in %s in the current folder\n", crashFile.c_str());
 }
 
 void aborted(int) {
@@ -104,6 +105,7 @@ class Mutator {
 
 int main(int count, char** arguments) {
   if (count != 3) return 2;
+  crashFile = std::filesystem::path(arguments[0]).filename().string() + ".crash";
   std::signal(SIGABRT, aborted);
   __sanitizer_set_death_callback(keepCurrent);
   const std::vector<std::string> seeds = seedsOf(arguments[1]);
