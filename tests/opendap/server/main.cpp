@@ -27,7 +27,7 @@ class Service {
     const int count = ++counts_[selector.address + "." + selector.kind];
     const bool faulty = selector.concerns(count);
     std::string file = selector.file;
-    if (faulty && selector.fault == "swap") file = selector.argument;
+    if (faulty && selector.fault == "swap") file = selector.argument + ".nc";
     Response good = dapAnswer(folder_ + "/" + file, selector.kind, decoded(request.query));
     if (!faulty || selector.fault == "swap") return good;
     return spoilt(std::move(good), selector, request);
