@@ -144,8 +144,7 @@ TEST_F(WholePath, BackAndForthBetweenFileAndAddress) {
 TEST_F(WholePath, ByEveryKindOfAddress) {
   const std::string plain = tiny();
   for (const std::string& name :
-       {plain, "dods" + plain.substr(4), plain + "#noprefetch", "[noprefetch]" + plain,
-        "HTTP" + plain.substr(4)}) {
+       {plain, "dods" + plain.substr(4), plain + "#noprefetch", "[noprefetch]" + plain}) {
     EXPECT_EQ(drawTiny(name), "") << name;
   }
 }
