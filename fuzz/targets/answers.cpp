@@ -6,6 +6,7 @@
 #include "control/KelvaneCtl.h"
 #include "netcdf/ncf.h"
 #include "netcdf/status.h"
+#include "render/settings.h"
 #include "section/drawItems.h"
 #include "support/sampleSets.h"
 #include "targets/support/CheckedBox.h"
@@ -50,6 +51,8 @@ void useControl(fuzz::Input& input) {
     const int16_t opened = member.NcFile("http://127.0.0.1/set");
     MUST(opened == 1 || opened == -1);
     fuzz::checkRecords();
+    KelvaneMain::settings.ViewStyle = input.choice(2);
+    KelvaneMain::settings.ProfileStyle = input.choice(2);
     member.NewSection();
     member.AddSection(1, 1);
     member.AddSection(input.single(), input.single());

@@ -10,6 +10,7 @@
 #include "colorkey/rampColour.h"
 #include "control/KelvaneCtl.h"
 #include "netcdf/ncf.h"
+#include "render/settings.h"
 #include "section/drawItems.h"
 #include "section/sectionPath.h"
 #include "support/sampleSets.h"
@@ -190,6 +191,9 @@ void Program::call() {
     }
     case 12:
       control_.DrawProfile(input_.coin());
+      // As the options dialog sets them.
+      KelvaneMain::settings.ViewStyle = input_.choice(2);
+      KelvaneMain::settings.ProfileStyle = input_.choice(2);
       break;
     case 13:
       control_.DrawVerticalSection(input_.coin());
