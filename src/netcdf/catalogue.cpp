@@ -6,6 +6,7 @@
 #include "netcdf/NetCDF.h"
 #include "netcdf/attributes.h"
 #include "netcdf/ncf.h"
+#include "netcdf/remoteName.h"
 #include "netcdf/routine.h"
 #include "netcdf/status.h"
 #include "util/RuntimeError.h"
@@ -102,6 +103,16 @@ void readVariables() {
   for (int32_t id = 0; id < count; ++id) readVariable(ncf.NcVars(id + 1), id);
 }
 
+// A server that sends no attribute of any variable has lost them: no file of a grid is without
+// units, and identification could only say that it found nothing.
+void refuseWithoutAttributes() {
+  if (!isAddress(ncf.NcFileName) || ncf.NcVars.size() == 0) return;
+  for (const NcVar& variable : ncf.NcVars) {
+    if (variable.NAtts > 0) return;
+  }
+  throw LibraryRefusal{NC_EDAS};
+}
+
 }  // namespace
 
 int32_t OpenCatalogue(const std::string& name, int32_t keepOpen) {
@@ -110,10 +121,13 @@ int32_t OpenCatalogue(const std::string& name, int32_t keepOpen) {
     ncf.NcFileName = name;
     ncf.NcStatus = -1;
     ncf.NcState = 0;
+    // The library would take the part before it for the name.
+    if (name.find('\0') != std::string::npos) throw LibraryRefusal{NC_EINVAL};
     openDataSet(ncf.NcFileName);
     readDimensions();
     readVariables();
     readGlobalAttributes();
+    refuseWithoutAttributes();
     ncf.NcStatus = 0;
     return 1;
   });

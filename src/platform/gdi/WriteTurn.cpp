@@ -20,11 +20,10 @@ std::wstring nameOf(const std::string& path) {
 
 }  // namespace
 
-WriteTurn::WriteTurn(const std::string& path) : handle_(0) {
-  constexpr DWORD kPatience = 5000;  // milliseconds
+WriteTurn::WriteTurn(const std::string& path, std::chrono::milliseconds patience) : handle_(0) {
   const HANDLE mutex = CreateMutexW(nullptr, FALSE, nameOf(path).c_str());
   if (mutex == nullptr) return;
-  switch (WaitForSingleObject(mutex, kPatience)) {
+  switch (WaitForSingleObject(mutex, static_cast<DWORD>(patience.count()))) {
     case WAIT_OBJECT_0:
     case WAIT_ABANDONED:  // its owner was killed; the file is whole all the same
       handle_ = reinterpret_cast<std::intptr_t>(mutex);

@@ -3,7 +3,6 @@
 #include <fcntl.h>
 #include <sys/file.h>
 
-#include <chrono>
 #include <filesystem>
 #include <thread>
 
@@ -25,14 +24,14 @@ std::filesystem::path folderOf(const std::string& path) {
 
 // The folder is locked and not the file, which is replaced by another one; and there may be none
 // yet.
-WriteTurn::WriteTurn(const std::string& path) : handle_(kNone) {
+WriteTurn::WriteTurn(const std::string& path, std::chrono::milliseconds patience)
+    : handle_(kNone) {
   using std::chrono::steady_clock;
-  constexpr auto kPatience = std::chrono::seconds(5);
   const std::filesystem::path folder = folderOf(path);
   if (folder.empty()) return;
   const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   if (descriptor < 0) return;
-  const auto end = steady_clock::now() + kPatience;
+  const auto end = steady_clock::now() + patience;
   while (flock(descriptor, LOCK_EX | LOCK_NB) != 0) {
     const int error = errno;
     const bool wait = error == EWOULDBLOCK || error == EINTR;
