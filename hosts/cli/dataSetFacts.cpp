@@ -6,6 +6,7 @@
 #include "TerminalDesktop.h"
 #include "netcdf/catalogue.h"
 #include "netcdf/ncf.h"
+#include "netcdf/remoteName.h"
 #include "netcdf/timeAxis.h"
 #include "section/drawItems.h"
 #include "sectionRequest.h"
@@ -103,7 +104,7 @@ DataSetFacts listDataSet(const std::string& name) {
   TerminalDesktop desktop;
   control::KelvaneCtl control(pictures.pictures(), desktop);
   DataSetFacts facts;
-  facts.dataSet = name;
+  facts.dataSet = ocxNetNc::withoutCredentials(name);
   facts.failure = openDataSet(control, name).value_or("");
   // Of all steps only the recognition fails without a text, and it ran if it found anything.
   facts.recognised = control.ErrorMessage().empty() || ncf.lon_vId > 0;

@@ -32,7 +32,7 @@ struct DataSetFacts {
     std::vector<std::string> dimensions;
   };
 
-  std::string dataSet;      // as it was asked for
+  std::string dataSet;      // as it was asked for, but for credentials
   std::string failure;      // why it did not open; empty when it did
   bool recognised = false;  // the coordinates were looked for: the whole header was read
   std::string title;

@@ -7,6 +7,7 @@
 #include "kewKeys.h"
 #include "nameList.h"
 #include "netcdf/ncf.h"
+#include "netcdf/remoteName.h"
 #include "platform/files.h"
 #include "render/settings.h"
 #include "section/drawItems.h"
@@ -55,7 +56,7 @@ void checkOwnKewFile() {
   const std::string& name = ocxNetNc::ncf.NcFileName;
   const std::size_t dot = name.rfind('.'), slash = name.rfind('/');
   if (dot == std::string::npos || slash == std::string::npos || dot > slash) return;
-  throw Failure("The data set " + name +
+  throw Failure("The data set " + ocxNetNc::withoutCredentials(name) +
                 " has no key file of its own: .KEW takes the place of what follows the last dot, "
                 "and here that is more than the end of the file's own name. Name a key file with "
                 "--key.");
@@ -95,8 +96,9 @@ void applyView(control::KelvaneCtl& control, const ViewRequest& view) {
 }
 
 void initColorKey(control::KelvaneCtl& control, TerminalDesktop& desktop) {
-  const std::string file = ModColor::ownKewFile();
-  const bool wasThere = platform::fileExists(file);
+  const std::string ownFile = ModColor::ownKewFile();
+  const std::string file = ocxNetNc::withoutCredentials(ownFile);
+  const bool wasThere = platform::fileExists(ownFile);
   if (!wasThere) checkKeyCanBeMade(file);
   util::LastError.clear();
   desktop.lastMessage.clear();

@@ -7,6 +7,7 @@
 #include "colorkey/kewDocument.h"
 #include "colorkey/kewReading.h"
 #include "netcdf/ncf.h"
+#include "netcdf/remoteName.h"
 #include "platform/Desktop.h"
 #include "platform/WriteTurn.h"
 #include "platform/files.h"
@@ -118,6 +119,9 @@ void SaveKEW() {
     const std::string& variable = shownVariable();
     const std::string fileName = ownKewFile();
     if (fileName.empty()) throw std::runtime_error("There is no data set");
+    if (ocxNetNc::isAddress(fileName)) {
+      throw std::runtime_error("Cannot write \"" + ocxNetNc::withoutCredentials(fileName) + "\"");
+    }
     const platform::WriteTurn turn(fileName);
     if (platform::fileExists(fileName)) {
       replaceKeyTrapped(fileName, variable);

@@ -2,6 +2,7 @@
 
 #include "netcdf/catalogue.h"
 #include "netcdf/ncf.h"
+#include "netcdf/remoteName.h"
 #include "netcdf/timeAxis.h"
 #include "util/ocxStrings.h"
 
@@ -11,7 +12,7 @@ util::OneBased<std::string> TitleLines(4);
 
 int32_t MakeTitle(int32_t variable, int32_t timeStep) {
   util::OneBased<std::string> lines(4);
-  lines(1) = ocxStrings::FileNameOf(DataSetName);
+  lines(1) = ocxStrings::FileNameOf(withoutCredentials(DataSetName));
   if (ncf.has_time == 1) lines(2) = util::dateText(TimeValueToDate(timeStep));
   lines(3) = FindAttribute("title", "");
   if (ncf.NcVars.has(variable)) {
