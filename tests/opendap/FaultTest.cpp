@@ -2,13 +2,17 @@
 
 #include <netcdf.h>
 
+#include "netcdf/NetCDF.h"
 #include "netcdf/ncf.h"
 
 namespace opendap_test {
 
 using Message = support::RecordingDesktop::Message;
 
+void waitAsEverywhere() { NetCDF::dapLimits(2, 2, 3); }
+
 FaultTest::FaultTest() {
+  waitAsEverywhere();
   EXPECT_EQ(drawTiny(tiny()), "");
   before_ = boxes.picSection.operations;
   printedBefore_ = printed();

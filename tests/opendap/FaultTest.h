@@ -6,6 +6,9 @@
 
 namespace opendap_test {
 
+// What the tests of faults wait for at most: two seconds, or three for an answer that keeps coming.
+void waitAsEverywhere();
+
 // A control that has drawn the tiny set, before something goes wrong with the server.
 class FaultTest : public OpendapTest {
  protected:

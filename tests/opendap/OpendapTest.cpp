@@ -2,7 +2,6 @@
 
 #include <filesystem>
 
-#include "netcdf/NetCDF.h"
 #include "netcdf/title.h"
 #include "support/sampleSets.h"
 
@@ -68,8 +67,6 @@ std::vector<std::string> OpendapTest::printed() const {
 int OpendapTest::cells() const {
   return static_cast<int>(boxes.picSection.of(support::Operation::Kind::Box).size());
 }
-
-void waitAsEverywhere() { NetCDF::dapLimits(2, 2, 3); }
 
 void expectSamePicture(const std::vector<support::Operation>& drawn,
                        const std::vector<support::Operation>& expected) {

@@ -49,9 +49,6 @@ class OpendapTest : public testing::Test {
   control::KelvaneCtl ctl{boxes.pictures(), desktop};
 };
 
-// What these tests wait for at most: two seconds, or three for an answer that keeps coming.
-void waitAsEverywhere();
-
 // Fails a test whose operations are not those of another picture, one by one.
 void expectSamePicture(const std::vector<support::Operation>& drawn,
                        const std::vector<support::Operation>& expected);

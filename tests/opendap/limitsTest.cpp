@@ -16,10 +16,7 @@
 namespace opendap_test {
 namespace {
 
-class Limits : public FaultTest {
- protected:
-  ~Limits() override { waitAsEverywhere(); }
-};
+class Limits : public FaultTest {};
 
 // Somebody listens there and never takes a connection.
 class DeafPort {
@@ -87,7 +84,6 @@ TEST_F(Limits, OfAWholeRequest) {
 
 // A slow server is none that fails, as long as it keeps within the limits.
 TEST_F(Limits, AreNotForSlowServers) {
-  waitAsEverywhere();
   EXPECT_EQ(drawTiny(tiny("slow-500")), "");
 }
 

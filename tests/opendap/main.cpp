@@ -1,10 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "OpendapTest.h"
+#include "Place.h"
 
 int main(int argc, char** argv) {
   opendap_test::Place::here();
-  opendap_test::waitAsEverywhere();
   testing::InitGoogleTest(&argc, argv);
   return RUN_ALL_TESTS();
 }
