@@ -1,5 +1,8 @@
 #include "netcdf/routine.h"
 
+#include <cstdlib>
+#include <new>
+
 #include "netcdf/status.h"
 #include "util/lastError.h"
 
@@ -7,6 +10,15 @@ namespace ocxNetNc {
 
 void checked(int status) {
   if (status != 0) throw LibraryRefusal{status};
+}
+
+void requireReserve() {
+  // What an opening takes at most, and reading from the chunks of common files.
+  constexpr std::size_t kReserve = std::size_t{16} << 20;
+  // Volatile, or the compiler would see that nothing is done with it.
+  void* volatile reserve = std::malloc(kReserve);
+  if (reserve == nullptr) throw std::bad_alloc();
+  std::free(reserve);
 }
 
 namespace {

@@ -25,6 +25,10 @@ class DataProblem : public std::runtime_error {
 // Throws LibraryRefusal for a status other than 0.
 void checked(int status);
 
+// Throws std::bad_alloc when memory is nearly at its end: the libraries below do not all survive
+// that, and are not called then.
+void requireReserve();
+
 // Turns the exception being handled into the failure of a routine: always below 0. Call it inside a
 // catch block.
 int32_t routineFailure(std::string_view tag) noexcept;
@@ -36,6 +40,7 @@ int32_t routineFailure(std::string_view tag) noexcept;
 template <class Body>
 int32_t runRoutine(std::string_view tag, const Body& body) noexcept {
   try {
+    requireReserve();
     return body();
   } catch (...) {
     return routineFailure(tag);
