@@ -71,6 +71,7 @@ cmake_build() {
   mkdir -p -- "$WORK/$name-build"
   cd -- "$WORK/$name-build" || return 1
   cmake -G Ninja -Wno-dev "$WORK/$name" "${platform[@]}" \
+    -DCMAKE_C_COMPILER_LAUNCHER=ccache \
     -DCMAKE_BUILD_TYPE=Release -DCMAKE_C_FLAGS_RELEASE="-O2 -DNDEBUG '-ffile-prefix-map=$WORK/='" \
     -DCMAKE_INSTALL_PREFIX="$PREFIX" -DCMAKE_INSTALL_LIBDIR=lib \
     -DCMAKE_FIND_USE_PACKAGE_REGISTRY=OFF \
@@ -115,7 +116,9 @@ install_deps() {
   fi
   PREFIX=$(deps_prefix "$ARCH")
   [ -e "$PREFIX/complete" ] && return 0
-  WORK=$PREFIX.work
+  # The same folder for every recipe: with the compiler cache only what a new patch touches is
+  # compiled again.
+  WORK=$KELVANE_CACHE/deps-$ARCH.work
   rm -rf -- "$PREFIX" "$WORK"
   mkdir -p -- "$PREFIX/include" "$PREFIX/lib" "$WORK"
   build_deps || status=$?
