@@ -126,8 +126,8 @@ bool isAccepted(double raw, double threshold) {
 
 int32_t nc_get_varas_any(int32_t ncfId, int32_t nvar_it, float replacement,
                          util::OneBased<float>& output, int32_t tcount) {
-  return runRoutine("nc_get_varas_any",
-                    [&] { return readVariable(ncfId, nvar_it, replacement, output, tcount); });
+  return runPart("nc_get_varas_any",
+                 [&] { return readVariable(ncfId, nvar_it, replacement, output, tcount); });
 }
 
 }  // namespace ocxNetNc

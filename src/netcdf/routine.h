@@ -37,10 +37,21 @@ int32_t routineFailure(std::string_view tag) noexcept;
 // the library goes its one way (libraryFailure), a data problem becomes LastError, any other
 // exception is reported under the routine's tag and closes the data set. Result: the body's, or
 // a value below 0: -1, or the library's status as a failure value.
+// Without the reserve the body is not run.
 template <class Body>
 int32_t runRoutine(std::string_view tag, const Body& body) noexcept {
   try {
     requireReserve();
+    return body();
+  } catch (...) {
+    return routineFailure(tag);
+  }
+}
+
+// The same for a part of a routine that has asked for the reserve, one of many.
+template <class Body>
+int32_t runPart(std::string_view tag, const Body& body) noexcept {
+  try {
     return body();
   } catch (...) {
     return routineFailure(tag);
