@@ -1,5 +1,8 @@
 // The dialogs, driven by random events, on keys and key files of all kinds.
 
+#include <utility>
+
+#include "colorkey/cellColours.h"
 #include "colorkey/colorKey.h"
 #include "control/frmOptions.h"
 #include "netcdf/ncf.h"
@@ -10,6 +13,7 @@
 #include "targets/support/files.h"
 #include "targets/support/invariants.h"
 #include "targets/support/must.h"
+#include "util/RuntimeError.h"
 
 namespace {
 
@@ -49,6 +53,22 @@ void makeState(fuzz::Input& input) {
   ocxNetNc::ncf.NcFileName = input.coin() ? fuzz::scratchFile("set.nc") : "";
 }
 
+// The prepared key has the colours, and the failures, of the plain one.
+void checkColours(fuzz::Input& input) {
+  const auto outcome = [](const auto& colourOf, float value) {
+    try {
+      return std::pair(0, colourOf(value));
+    } catch (const util::RuntimeError& error) {
+      return std::pair(error.number(), 0);
+    }
+  };
+  const ModColor::KeyLookup lookup;
+  for (int32_t left = input.choice(10); left > 0; --left) {
+    const float value = input.single();
+    MUST(outcome(lookup, value) == outcome(ModColor::KeyColour, value));
+  }
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size) {
@@ -56,6 +76,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size) {
   support::resetState();
   fuzz::Input input(data, size);
   makeState(input);
+  checkColours(input);
   fuzz::RandomUser user(input, files);
   while (!input.atEnd()) {
     const int32_t result = control::OpenOptionsForm(user);

@@ -14,7 +14,8 @@ extern float ValueSpan;        // value range of fractions 0..1
 // and below it, above 1 and for NaN.
 platform::Colour RampColour(float t);
 
-// (value - ValueMin) / ValueSpan, at most 1; 0 when the span is 0.
+// (value - ValueMin) / ValueSpan, at most 1; 0 when the span is 0. One below the single range is
+// run-time error 6.
 float valueFraction(float value);
 
 }  // namespace ModColor

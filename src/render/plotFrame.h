@@ -35,7 +35,8 @@ int32_t sectionType();
 // Computes the margins from the surface's current font and PlotHeightBase.
 PlotArea SetMargins(const platform::PictureBox& surface);
 
-// Sets up the mapping. 0, or -1 after a message box, the previous mapping left in place.
+// Sets up the mapping. 0, or -1 after a message box, the previous mapping left in place; so too
+// with run-time error 11 for a world without a width.
 int32_t Cartesian(int32_t pwidth, int32_t phight, int32_t xoff, int32_t yoff);
 
 // World to surface coordinates; a point beyond the single range is run-time error 6.

@@ -57,7 +57,7 @@ Polylines plainJoin(std::span<const ScreenPiece> pieces, double tolerance) {
     PieceEnd at{static_cast<int32_t>(seed - states.begin()), true};
     for (;;) {
       const Nearest next = search(at, kFree);
-      if (next.end.piece < 0 || next.distance > tolerance) break;
+      if (next.end.piece < 0 || !(next.distance <= tolerance)) break;
       stateOf(next.end) = kPassed;
       at = next.end.other();
     }
@@ -65,7 +65,7 @@ Polylines plainJoin(std::span<const ScreenPiece> pieces, double tolerance) {
     std::vector<PieceEnd> line{at, at.other()};
     for (;;) {
       const Nearest next = search(line.back(), kPassed);
-      if (next.end.piece < 0 || next.distance > tolerance) break;
+      if (next.end.piece < 0 || !(next.distance <= tolerance)) break;
       stateOf(next.end) = kDrawn;
       line.push_back(next.end.other());
     }
