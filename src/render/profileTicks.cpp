@@ -34,10 +34,11 @@ std::vector<ValueTick> valueTicks(float minimum, float maximum, float interval) 
   if (!(noise > 0.0)) return ticks;
   const double printedMinimum = asPrinted(minimum);
   const double printedInterval = asPrinted(interval);
-  int16_t counter = 0;
+  int16_t counter = 0;  // of the ticks so far
   for (;;) {
     const double exact = asDouble(minimum) + counter * asDouble(interval);
     if (!(exact <= asDouble(maximum) + noise)) return ticks;
+    const int16_t next = util::addInteger(counter, 1);
     if (exact >= asDouble(maximum) - noise) {
       ticks.push_back({maximum, util::generalText(maximum)});
       return ticks;
@@ -46,7 +47,7 @@ std::vector<ValueTick> valueTicks(float minimum, float maximum, float interval) 
     const float rounded = std::fabs(printed) < noise ? 0.0F : util::storeSingle(printed);
     const float position = util::storeSingle(exact);
     ticks.push_back({position, shorter(util::generalText(position), util::generalText(rounded))});
-    counter = util::addInteger(counter, 1);
+    counter = next;
   }
 }
 

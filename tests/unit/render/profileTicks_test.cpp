@@ -85,6 +85,7 @@ TEST(ProfileTicks, NoneWithoutAnIntervalAboveZeroOrARange) {
 
 TEST(ProfileTicks, MoreThanACounterHoldsAreAnOverflow) {
   EXPECT_EQ(valueTicks(0, 32766, 1).size(), 32767U);
+  EXPECT_THROW(valueTicks(0, 32767, 1), util::RuntimeError);
   for (const float interval : {1.0F, 1e-30F}) {
     try {
       valueTicks(0, 1e6F, interval);
