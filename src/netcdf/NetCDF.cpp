@@ -30,8 +30,11 @@ EntryPoints theLibrary() {
           .nc_get_vars_int = ::nc_get_vars_int,
           .nc_get_vars_float = ::nc_get_vars_float,
           .nc_get_vars_double = ::nc_get_vars_double,
-          .nc_strerror = ::nc_strerror};
+          .nc_strerror = ::nc_strerror,
+          .ncdap_report = ::ncdap_report};
 }
+
+void dapLimits(long connect, long stall, long total) { ::ncdap_limits(connect, stall, total); }
 
 EntryPoints library = theLibrary();
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <ncdap_report.h>
 #include <netcdf.h>
 
 #include <cstddef>
@@ -41,10 +42,17 @@ struct EntryPoints {
   int (*nc_get_vars_double)(int ncid, int varid, const std::size_t* start, const std::size_t* count,
                             const std::ptrdiff_t* stride, double* values);
   const char* (*nc_strerror)(int status);
+  // What happened to the last request for a data set at an address.
+  const NCDAPreport* (*ncdap_report)();
 };
 
 // The library itself.
 EntryPoints theLibrary();
+
+// How long requests for data sets at an address wait, in seconds, from the next opening on: for a
+// connection (15), while no byte comes (30), and for a whole request (300). A number below 1 stands
+// for the default. The user's own settings of the library go before.
+void dapLimits(long connect, long stall, long total);
 
 // The entry points in use.
 extern EntryPoints library;

@@ -3,6 +3,8 @@
 #include "netcdf/NetCDF.h"
 #include "netcdf/classicHeader.h"
 #include "netcdf/ncf.h"
+#include "netcdf/remoteAdvice.h"
+#include "netcdf/remoteName.h"
 #include "netcdf/routine.h"
 #include "platform/Desktop.h"
 #include "platform/texts.h"
@@ -10,6 +12,19 @@
 #include "util/lastError.h"
 
 namespace ocxNetNc {
+namespace {
+
+// The name of the data set that was opened last, and the advice of the last failure.
+std::string openedName;
+std::string advice;
+
+void openWithLibrary(const std::string& name) {
+  int id = -1;
+  checked(NetCDF::library.nc_open(name.c_str(), NC_NOWRITE, &id));
+  ncf.NcId = id;
+}
+
+}  // namespace
 
 std::string NcText(int32_t status) {
   const char* text = NetCDF::library.nc_strerror(status);
@@ -25,10 +40,17 @@ void NcErrorReport(int32_t ncId) {
 
 int32_t libraryFailure(int32_t status) {
   ncf.NcStatus = status;
-  util::LastError = NcText(status);
+  advice = isAddress(openedName) ? "\n" + remoteAdvice(status) : std::string();
+  util::LastError = NcText(status) + advice;
   NcErrorReport(ncf.NcId);
   // A missing file, for one, has the system's own positive number.
   return status > 0 ? -status : status;
+}
+
+void addToFailure(const std::string& text) {
+  std::string& failure = util::LastError;
+  const std::size_t end = failure.ends_with(advice) ? failure.size() - advice.size() : failure.size();
+  failure.insert(end, text);
 }
 
 void NcClose() {
@@ -38,6 +60,11 @@ void NcClose() {
 }
 
 void openDataSet(const std::string& name) {
+  openedName = name;
+  if (isAddress(name)) {
+    openWithLibrary(libraryName(name));
+    return;
+  }
   switch (checkClassicHeader(name)) {
     case HeaderState::Sound:
       break;
@@ -46,9 +73,7 @@ void openDataSet(const std::string& name) {
     case HeaderState::CutShort:
       util::raise(util::kInputPastEnd);
   }
-  int id = -1;
-  checked(NetCDF::library.nc_open(name.c_str(), NC_NOWRITE, &id));
-  ncf.NcId = id;
+  openWithLibrary(name);
 }
 
 int32_t NcReopen(int32_t mode) {

@@ -14,9 +14,12 @@ std::string NcText(int32_t status);
 void NcErrorReport(int32_t ncId);
 
 // The one way of a library failure: keeps the status in ncf.NcStatus, closes and shows the box
-// (NcErrorReport). LastError becomes the library's text. Returns the status as a failure
-// value: always below 0.
+// (NcErrorReport). LastError becomes the library's text; for a data set at an address, advice for
+// a person follows behind a line feed. Returns the status as a failure value: always below 0.
 int32_t libraryFailure(int32_t status);
+
+// Adds to LastError what was asked of the library: at its end, but before the advice of a failure.
+void addToFailure(const std::string& text);
 
 // Closes the data set if it is open; the library's status is ignored.
 void NcClose();

@@ -58,9 +58,9 @@ std::string listText(const std::vector<int32_t>& numbers) {
 
 // What was asked of the reader, behind the reader's own account of the failure.
 void addDiagnostics(int32_t nvar_it, int32_t tcount) {
-  util::LastError += "\nnvar, tcount= " + util::generalText(nvar_it) + ", " +
-                     util::generalText(tcount) + "\nstart, count, stride = " + listText(NcStart) +
-                     "; " + listText(NcCount) + "; " + listText(NcStride);
+  ocxNetNc::addToFailure("\nnvar, tcount= " + util::generalText(nvar_it) + ", " +
+                         util::generalText(tcount) + "\nstart, count, stride = " +
+                         listText(NcStart) + "; " + listText(NcCount) + "; " + listText(NcStride));
 }
 
 // The size of the grid and what belongs to it stay with the values: later repaints draw them
