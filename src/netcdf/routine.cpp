@@ -1,9 +1,9 @@
 #include "netcdf/routine.h"
 
-#include <cstdlib>
 #include <new>
 
 #include "netcdf/status.h"
+#include "platform/memory.h"
 #include "util/lastError.h"
 
 namespace ocxNetNc {
@@ -15,10 +15,7 @@ void checked(int status) {
 void requireReserve() {
   // What an opening takes at most, and reading from the chunks of common files.
   constexpr std::size_t kReserve = std::size_t{16} << 20;
-  // Volatile, or the compiler would see that nothing is done with it.
-  void* volatile reserve = std::malloc(kReserve);
-  if (reserve == nullptr) throw std::bad_alloc();
-  std::free(reserve);
+  if (!platform::hasMemoryFor(kReserve)) throw std::bad_alloc();
 }
 
 namespace {

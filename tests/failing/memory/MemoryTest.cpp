@@ -3,7 +3,6 @@
 #include <filesystem>
 #include <fstream>
 #include <new>
-#include <regex>
 #include <sstream>
 
 #include "colorkey/colorKey.h"
@@ -36,8 +35,16 @@ bool speaksOfMemory(const std::string& text) {
 
 // A file of keys without its colours, some of which are by chance.
 std::string withoutColours(const std::string& file) {
-  static const std::regex colour("<color>[0-9]+");
-  return std::regex_replace(file, colour, "<color>");
+  const std::string tag = "<color>";
+  std::string rest;
+  std::size_t place = 0;
+  for (std::size_t found = file.find(tag); found != std::string::npos;
+       found = file.find(tag, place)) {
+    rest += file.substr(place, found + tag.size() - place);
+    place = file.find_first_not_of("0123456789", found + tag.size());
+    if (place == std::string::npos) return rest;
+  }
+  return rest + file.substr(place);
 }
 
 }  // namespace
