@@ -53,7 +53,7 @@ TEST_F(TooMuch, OfVariablesIsListed) {
     nc.text(lats, "units", "degrees_north");
     nc.text(lons, "units", "degrees_east");
     nc.var("temp", NC_FLOAT, {time, depth, lat, lon});
-    for (int i = 0; i < 3000; ++i) nc.var("parameter" + std::to_string(i), NC_INT, {});
+    for (int i = 0; i < 1500; ++i) nc.var("parameter" + std::to_string(i), NC_INT, {});
     nc.put(times, {0});
     nc.put(depths, {0, 10});
     nc.put(lats, {10, 11});

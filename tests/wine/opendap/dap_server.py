@@ -27,9 +27,6 @@ def serving(server, folder, log):
             process.wait()
 
 
-def environment(work):
-    """What a program gets that talks to the server: no proxy, and short time limits."""
-    settings = os.path.join(work, 'settings')
-    with open(settings, 'w', encoding='ascii') as file:
-        file.write('HTTP.TIMEOUT=3\nHTTP.CONNECTTIMEOUT=3\n')
-    return dict(os.environ, no_proxy='127.0.0.1', NCRCENV_RC=windows_path(settings))
+def environment():
+    """What a program gets that talks to the server: no proxy in between."""
+    return dict(os.environ, no_proxy='127.0.0.1')

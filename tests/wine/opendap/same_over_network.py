@@ -36,7 +36,7 @@ def main(server, make_sample, atlas, native, work, *windows):
     os.symlink(atlas, os.path.join(folder, 'atlas.nc'))
     different = []
     with dap_server.serving(server, folder, os.path.join(work, 'log')) as address:
-        environment = dap_server.environment(work)
+        environment = dap_server.environment()
         for file, *scenario in SCENARIOS:
             native_out = os.path.join(work, 'native.txt')
             windows_out = os.path.join(work, 'windows.txt')

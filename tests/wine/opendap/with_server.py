@@ -17,7 +17,7 @@ def main(server, work, *command):
     shutil.rmtree(work, ignore_errors=True)
     os.makedirs(folder)
     with dap_server.serving(server, folder, os.path.join(work, 'log')) as address:
-        environment = dap_server.environment(work)
+        environment = dap_server.environment()
         environment['KELVANE_DAP_ADDRESS'] = address
         environment['KELVANE_DAP_FOLDER'] = dap_server.windows_path(folder)
         result = subprocess.run(command, env=environment, stderr=subprocess.PIPE, text=True,
