@@ -134,6 +134,8 @@ void RandomUser::ShowModal(ModColor::frmAutoDiv& dialog) {
   dialog.fldMaxVal = input_.coin() ? number() : dialog.fldMaxVal;
   dialog.fldDivisions = input_.coin() ? ModColor::countOfField(input_.text(16)).value_or(1)
                                       : input_.integer();
+  // Tens of thousands of rows take their time; a few of them are enough.
+  if (dialog.fldDivisions > 500 && input_.choice(16) != 15) dialog.fldDivisions = 500;
   const int32_t how = input_.choice(4);
   if (how < 2) dialog.OK();
   if (how == 2) dialog.Cancel();
