@@ -34,28 +34,35 @@ uint64_t saltOf(const std::string& kind) {
 }  // namespace
 
 Mutator::Mutator(const std::filesystem::path& seeds, const std::string& kind)
-    : salt_(saltOf(kind)) {
-  const bool mended = kind == "netcdf4-mended";
-  const bool hdf5 = mended || kind == "netcdf4";
-  for (const auto& path : filesIn(seeds / (hdf5 ? "netcdf4" : kind))) {
-    Seed seed{.bytes = bytesOf(path), .layout = {}, .checksummed = {}};
-    if (mended) seed.checksummed = checksummedBlocks(seed.bytes);
-    if (hdf5) {
-      seed.layout.structure = metadataBlocks(seed.bytes);
-    } else {
-      seed.layout = {.structure = {{0, kClassicHeader}},
-                     .bigEndian = true,
-                     .alignment = 4,
-                     .keepLength = false};
-    }
-    seed.layout.keepLength = mended;
-    seeds_.push_back(std::move(seed));
+    : salt_(saltOf(kind)),
+      hdf5_(kind == "netcdf4" || kind == "netcdf4-mended"),
+      mended_(kind == "netcdf4-mended") {
+  for (const auto& path : filesIn(seeds / (hdf5_ ? "netcdf4" : kind))) {
+    seeds_.push_back({.bytes = bytesOf(path), .layout = {}, .checksummed = {}});
   }
   if (seeds_.empty()) throw std::runtime_error("no files of this kind: " + kind);
 }
 
-std::string Mutator::file(uint64_t number) const {
-  const Seed& seed = seeds_[static_cast<std::size_t>(number % seeds_.size())];
+// Looks for the parts of the file, once: it takes its time.
+void Mutator::prepare(Seed& seed) const {
+  if (seed.prepared) return;
+  seed.prepared = true;
+  if (!hdf5_) {
+    seed.layout = {.structure = {{0, kClassicHeader}},
+                   .bigEndian = true,
+                   .alignment = 4,
+                   .keepLength = false};
+    return;
+  }
+  const std::vector<ChecksummedBlock> blocks = checksummedBlocks(seed.bytes);
+  seed.layout.structure = metadataBlocks(seed.bytes, blocks);
+  seed.layout.keepLength = mended_;
+  if (mended_) seed.checksummed = blocks;
+}
+
+std::string Mutator::file(uint64_t number) {
+  Seed& seed = seeds_[static_cast<std::size_t>(number % seeds_.size())];
+  prepare(seed);
   Random random(Random(salt_ ^ number).next());
   std::string bytes = seed.bytes;
   mutate(bytes, seed.layout, random);

@@ -18,15 +18,19 @@ class Mutator {
   Mutator(const std::filesystem::path& seeds, const std::string& kind);
 
   // The bytes of a damaged file: the same for the same seeds, kind and number everywhere.
-  std::string file(uint64_t number) const;
+  std::string file(uint64_t number);
 
  private:
   struct Seed {
     std::string bytes;
     Layout layout;
     std::vector<ChecksummedBlock> checksummed;
+    bool prepared = false;
   };
+  void prepare(Seed& seed) const;
+
   uint64_t salt_ = 0;
+  bool hdf5_ = false, mended_ = false;
   std::vector<Seed> seeds_;
 };
 

@@ -10,7 +10,9 @@ namespace fuzz {
 namespace {
 
 constexpr std::size_t kChecksumSize = 4;
-constexpr std::size_t kLongestBlock = 4096;
+constexpr std::size_t kLongestBlock = 1536;
+constexpr uint32_t kStoresTimes = 0x20;  // flag of an object header
+constexpr std::size_t kTimesSize = 16;
 constexpr std::size_t kMetadataSize = 320;  // of a block whose end is not known
 
 constexpr std::array<std::string_view, 16> kSignatures = {
@@ -18,7 +20,7 @@ constexpr std::array<std::string_view, 16> kSignatures = {
     "HEAP",    "SNOD", "GCOL", "EAHD", "FAHD", "FADB"};
 
 uint32_t byteAt(std::string_view bytes, std::size_t at) {
-  return static_cast<unsigned char>(bytes[at]);
+  return static_cast<unsigned char>(bytes.data()[at]);
 }
 
 uint32_t numberAt(std::string_view bytes, std::size_t at, std::size_t width = 4) {
@@ -70,7 +72,7 @@ std::vector<std::size_t> signaturesIn(std::string_view bytes) {
 std::size_t endOfObjectHeader(std::string_view bytes, std::size_t at) {
   const uint32_t flags = numberAt(bytes, at + 5, 1);
   std::size_t place = at + 6;
-  if ((flags & 0x20) != 0) place += 16;
+  if ((flags & kStoresTimes) != 0) place += kTimesSize;
   if ((flags & 0x10) != 0) place += 4;
   const std::size_t width = std::size_t{1} << (flags & 3);
   return place + width + numberAt(bytes, place, width);
@@ -102,11 +104,24 @@ void mend(std::string& bytes, const ChecksummedBlock& block) {
   writeChecksum(bytes, block.place, metadataChecksum(extentOf(bytes, block.extent)));
 }
 
+bool hasChecksumAt(std::string_view bytes, std::size_t begin, std::size_t end) {
+  return end + kChecksumSize <= bytes.size() &&
+         metadataChecksum(extentOf(bytes, {begin, end})) == numberAt(bytes, end);
+}
+
+std::optional<ChecksummedBlock> blockThatTellsItsEnd(std::string_view bytes, std::size_t begin) {
+  const std::optional<std::size_t> end = toldEnd(bytes, begin);
+  if (!end || *end < begin || *end > bytes.size() || !hasChecksumAt(bytes, begin, *end)) {
+    return std::nullopt;
+  }
+  return ChecksummedBlock{.extent = {begin, *end}, .place = *end};
+}
+
 std::optional<ChecksummedBlock> blockWithChecksumBehind(const std::string& bytes,
                                                         std::size_t begin) {
   const std::size_t last = std::min(bytes.size(), begin + kLongestBlock);
   for (std::size_t end = begin + 4; end + kChecksumSize <= last; ++end) {
-    if (metadataChecksum(extentOf(bytes, {begin, end})) == numberAt(bytes, end)) {
+    if (hasChecksumAt(bytes, begin, end)) {
       return ChecksummedBlock{.extent = {begin, end}, .place = end};
     }
   }
@@ -151,16 +166,18 @@ uint32_t metadataChecksum(std::string_view bytes) {
 std::vector<ChecksummedBlock> checksummedBlocks(const std::string& bytes) {
   std::vector<ChecksummedBlock> blocks;
   for (const std::size_t begin : signaturesIn(bytes)) {
-    std::optional<ChecksummedBlock> block = blockWithChecksumBehind(bytes, begin);
+    std::optional<ChecksummedBlock> block = blockThatTellsItsEnd(bytes, begin);
+    if (!block) block = blockWithChecksumBehind(bytes, begin);
     if (!block && startsWith(bytes, begin, "FHDB")) block = heapBlock(bytes, begin);
     if (block) blocks.push_back(*block);
   }
   return blocks;
 }
 
-std::vector<Stretch> metadataBlocks(const std::string& bytes) {
+std::vector<Stretch> metadataBlocks(const std::string& bytes,
+                                    const std::vector<ChecksummedBlock>& checksummed) {
   std::vector<Stretch> known;
-  for (const ChecksummedBlock& block : checksummedBlocks(bytes)) known.push_back(block.extent);
+  for (const ChecksummedBlock& block : checksummed) known.push_back(block.extent);
   std::vector<Stretch> all = known;
   for (const std::size_t begin : signaturesIn(bytes)) {
     if (std::none_of(known.begin(), known.end(),
@@ -169,6 +186,18 @@ std::vector<Stretch> metadataBlocks(const std::string& bytes) {
     }
   }
   return all;
+}
+
+void clearTimes(std::string& bytes) {
+  const std::vector<ChecksummedBlock> blocks = checksummedBlocks(bytes);
+  for (const ChecksummedBlock& block : blocks) {
+    const std::size_t begin = block.extent.begin;
+    if (!startsWith(bytes, begin, "OHDR") || (numberAt(bytes, begin + 5, 1) & kStoresTimes) == 0) {
+      continue;
+    }
+    bytes.replace(begin + 6, kTimesSize, kTimesSize, '\0');
+  }
+  mendChecksums(bytes, blocks);
 }
 
 void mendChecksums(std::string& bytes, const std::vector<ChecksummedBlock>& blocks) {

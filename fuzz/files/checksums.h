@@ -20,8 +20,13 @@ struct ChecksummedBlock {
 // The blocks of an undamaged HDF5 file that have a checksum.
 std::vector<ChecksummedBlock> checksummedBlocks(const std::string& bytes);
 
-// Where the metadata of an undamaged HDF5 file are: the beginnings of its blocks.
-std::vector<Stretch> metadataBlocks(const std::string& bytes);
+// Where the metadata of an undamaged HDF5 file are: its blocks with checksums, and the beginnings
+// of those without.
+std::vector<Stretch> metadataBlocks(const std::string& bytes,
+                                    const std::vector<ChecksummedBlock>& checksummed);
+
+// Takes the time of its making out of an undamaged HDF5 file.
+void clearTimes(std::string& bytes);
 
 // Writes the right checksum into every block, so that a damage inside gets past the check. Blocks
 // that tell their own length are mended at the length that they tell now, too.

@@ -44,7 +44,7 @@ void visit(const std::string& scratch, uint64_t number) {
 }
 
 void run(char** argv) {
-  const fuzz::Mutator mutator(argv[1], argv[2]);
+  fuzz::Mutator mutator(argv[1], argv[2]);
   const uint64_t first = numberOf(argv[3]);
   const uint64_t count = numberOf(argv[4]);
   const std::string scratch = argv[5];

@@ -1,0 +1,87 @@
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "NcTest.h"
+
+namespace {
+
+using ocxNetNc::NcClose;
+using ocxNetNc::OpenCatalogue;
+using support::NcMaker;
+
+// What the library writes of one netCDF-4 file, and damages to it.
+class DamagedNetcdf4Test : public NcTest {
+ protected:
+  // A group with more links than a header holds, so that they are in a heap with an index.
+  void makeManyVariables() {
+    NcMaker nc(file(), NC_NETCDF4);
+    const int x = nc.dim("x", 3);
+    for (char letter = 'a'; letter < 'm'; ++letter) {
+      const int id = nc.var(std::string("variable_") + letter, NC_INT, {x});
+      nc.text(id, "units", "m");
+      nc.text(NC_GLOBAL, std::string("remark_") + letter, "one of many");
+    }
+    nc.close();
+  }
+  std::string bytes() const {
+    std::ifstream stream(file(), std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+  }
+  void write(const std::string& bytes) const {
+    std::ofstream(file(), std::ios::binary) << bytes;
+  }
+  // The bytes with one of them changed, behind the given text.
+  static std::string changedBehind(const std::string& text, std::string bytes) {
+    const std::size_t at = bytes.find(text);
+    EXPECT_NE(at, std::string::npos) << text;
+    bytes[at + text.size() + 10] = static_cast<char>(bytes[at + text.size() + 10] + 1);
+    return bytes;
+  }
+};
+
+// The library once kept such a file open, and took the next one of its name for it.
+TEST_F(DamagedNetcdf4Test, IsForgottenWhenItCannotBeOpened) {
+  makeManyVariables();
+  const std::string whole = bytes();
+  for (const char* block : {"OHDR", "FRHP", "FHDB", "BTHD", "BTLF"}) {
+    SCOPED_TRACE(block);
+    write(changedBehind(block, whole));
+    EXPECT_EQ(OpenCatalogue(file(), 0), -1);
+    EXPECT_FALSE(ocxNetNc::isOpen());
+    write(whole);
+    open(file());
+    NcClose();
+  }
+}
+
+// A table of links was released as long as the group told, however far it was filled.
+TEST_F(DamagedNetcdf4Test, MayHaveLinksThatCannotBeRead) {
+  makeManyVariables();
+  const std::string whole = bytes();
+  const std::size_t heap = whole.find("FHDB");
+  ASSERT_NE(heap, std::string::npos);
+  for (std::size_t at = heap; at < heap + 400; at += 3) {
+    std::string damaged = whole;
+    damaged[at] = static_cast<char>(~damaged[at]);
+    write(damaged);
+    OpenCatalogue(file(), 1);
+    EXPECT_FALSE(ocxNetNc::isOpen()) << at;
+  }
+  write(whole);
+  open(file());
+}
+
+TEST_F(DamagedNetcdf4Test, MayEndAnywhere) {
+  makeManyVariables();
+  const std::string whole = bytes();
+  for (std::size_t length = 0; length < whole.size(); length += whole.size() / 50) {
+    write(whole.substr(0, length));
+    EXPECT_EQ(OpenCatalogue(file(), 0), -1) << length;
+    EXPECT_NE(util::LastError, "") << length;
+  }
+  write(whole);
+  open(file());
+}
+
+}  // namespace
