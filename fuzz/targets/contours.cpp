@@ -122,11 +122,11 @@ void draw(const Grid& grid, fuzz::Input& input) {
   float interval = input.single();
   const float maximum = input.single();
   const float minimum = input.single();
-  // Thousands of levels take their time; a few of them are enough.
+  // Thousands of levels end too, but take seconds under the sanitizers.
   const ValueRange range = scanRange(grid.field());
   const double levels = (util::asDouble(range.largest) - util::asDouble(range.smallest)) /
                         std::fabs(util::asDouble(interval));
-  if (!(levels <= 300) && input.choice(32) != 31) return;
+  if (!(levels <= 300)) return;
   const ContourStyle style{maximum, minimum, 0, 0, 0, 1, input.coin() ? 10.0 : input.real()};
   picture.ForeColor = 77;
   try {
