@@ -23,9 +23,10 @@ uint32_t byteAt(std::string_view bytes, std::size_t at) {
   return static_cast<unsigned char>(bytes.data()[at]);
 }
 
+// The lowest four bytes of a number.
 uint32_t numberAt(std::string_view bytes, std::size_t at, std::size_t width = 4) {
   uint32_t value = 0;
-  for (std::size_t i = 0; i < width && at + i < bytes.size(); ++i) {
+  for (std::size_t i = 0; i < std::min<std::size_t>(width, 4) && at + i < bytes.size(); ++i) {
     value |= byteAt(bytes, at + i) << 8 * i;
   }
   return value;
