@@ -1,12 +1,14 @@
 #include "Mutator.h"
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
 #include <stdexcept>
+
+#include "platform/files.h"
 
 namespace fuzz {
 namespace {
+
+constexpr std::size_t kLargestSeed = std::size_t{1} << 24;
 
 // The headers of the classic seeds take about so many bytes.
 constexpr std::size_t kClassicHeader = 1200;
@@ -18,11 +20,6 @@ std::vector<std::filesystem::path> filesIn(const std::filesystem::path& folder) 
   }
   std::sort(files.begin(), files.end());
   return files;
-}
-
-std::string bytesOf(const std::filesystem::path& path) {
-  std::ifstream stream(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
 }
 
 uint64_t saltOf(const std::string& kind) {
@@ -38,7 +35,7 @@ Mutator::Mutator(const std::filesystem::path& seeds, const std::string& kind)
       hdf5_(kind == "netcdf4" || kind == "netcdf4-mended"),
       mended_(kind == "netcdf4-mended") {
   for (const auto& path : filesIn(seeds / (hdf5_ ? "netcdf4" : kind))) {
-    seeds_.push_back({.bytes = bytesOf(path), .layout = {}, .checksummed = {}});
+    seeds_.push_back({.bytes = platform::readWholeFile(path.string(), kLargestSeed), .layout = {}, .checksummed = {}});
   }
   if (seeds_.empty()) throw std::runtime_error("no files of this kind: " + kind);
 }

@@ -3,12 +3,12 @@
 #include <array>
 #include <cstdint>
 #include <fstream>
-#include <iterator>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "checksums.h"
+#include "platform/files.h"
 #include "support/NcMaker.h"
 
 namespace fuzz {
@@ -212,9 +212,7 @@ void makeGroups(const std::string& path, int mode) {
 
 // Makes the file the same whenever it is made.
 void forgetTimes(const std::filesystem::path& path) {
-  std::ifstream source(path, std::ios::binary);
-  std::string bytes{std::istreambuf_iterator<char>(source), std::istreambuf_iterator<char>()};
-  source.close();
+  std::string bytes = platform::readWholeFile(path.string(), std::size_t{1} << 24);
   clearTimes(bytes);
   std::ofstream(path, std::ios::binary) << bytes;
 }

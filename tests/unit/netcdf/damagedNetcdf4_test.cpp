@@ -1,8 +1,8 @@
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 
 #include "NcTest.h"
+#include "platform/files.h"
 
 namespace {
 
@@ -25,8 +25,7 @@ class DamagedNetcdf4Test : public NcTest {
     nc.close();
   }
   std::string bytes() const {
-    std::ifstream stream(file(), std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+    return platform::readWholeFile(file(), std::size_t{1} << 24);
   }
   void write(const std::string& bytes) const {
     std::ofstream(file(), std::ios::binary) << bytes;
