@@ -4,6 +4,8 @@
 #include <cwctype>
 #include <utility>
 
+#include "model/address.h"
+
 namespace form {
 namespace {
 
@@ -19,14 +21,15 @@ bool sameName(const std::wstring& a, const std::wstring& b) {
 }  // namespace
 
 std::vector<RecentList::Entry>::const_iterator RecentList::find(const std::wstring& name) const {
+  const std::wstring kept = withoutCredentials(name);
   return std::find_if(entries_.begin(), entries_.end(),
-                      [&](const Entry& entry) { return sameName(entry.name, name); });
+                      [&](const Entry& entry) { return sameName(entry.name, kept); });
 }
 
 void RecentList::add(const std::wstring& name, const Path& path) {
   Path known = path.empty() ? pathOf(name) : path;
   remove(name);
-  entries_.push_back({name, std::move(known)});
+  entries_.push_back({withoutCredentials(name), std::move(known)});
   std::rotate(entries_.begin(), entries_.end() - 1, entries_.end());
   if (entries_.size() > kMost) entries_.pop_back();
 }
@@ -37,6 +40,7 @@ void RecentList::remove(const std::wstring& name) {
 
 void RecentList::append(Entry entry) {
   if (entries_.size() < kMost && !entry.name.empty() && find(entry.name) == entries_.end()) {
+    entry.name = withoutCredentials(std::move(entry.name));
     entries_.push_back(std::move(entry));
   }
 }
@@ -48,9 +52,9 @@ Path RecentList::pathOf(const std::wstring& name) const {
 
 std::wstring menuText(std::size_t k, const std::wstring& name) {
   constexpr std::size_t kLongest = 60, kFront = 15;
-  std::wstring shown = name;
+  std::wstring shown = withoutCredentials(name);
   if (shown.size() > kLongest) {
-    shown = name.substr(0, kFront) + L"..." + name.substr(name.size() - (kLongest - kFront - 3));
+    shown.replace(kFront, shown.size() - (kLongest - 3), L"...");
   }
   std::wstring text = L"&" + std::to_wstring(k + 1) + L"  ";
   for (const wchar_t letter : shown) {
@@ -60,7 +64,8 @@ std::wstring menuText(std::size_t k, const std::wstring& name) {
   return text;
 }
 
-std::wstring shortName(const std::wstring& name) {
+std::wstring shortName(const std::wstring& whole) {
+  const std::wstring name = withoutCredentials(whole);
   const std::size_t last = name.find_last_not_of(L"\\/");
   if (last == std::wstring::npos) return name;
   const std::size_t slash = name.find_last_of(L"\\/", last);

@@ -8,7 +8,7 @@
 namespace form {
 
 // The data sets that were opened last, the newest first, each with the path it was last seen
-// along.
+// along. Addresses are kept and found without user name and password.
 class RecentList {
  public:
   static constexpr std::size_t kMost = 8;
@@ -32,10 +32,10 @@ class RecentList {
 };
 
 // A menu's text for the entry number k from 0: its digit underlined, a long name shortened in the
-// middle, and no letter of the name taken for a mnemonic.
+// middle, no letter of the name taken for a mnemonic, and no user name or password of an address.
 std::wstring menuText(std::size_t k, const std::wstring& name);
 
-// The last part of a file's name or an address.
-std::wstring shortName(const std::wstring& name);
+// The last part of a file's name or an address, without user name and password.
+std::wstring shortName(const std::wstring& whole);
 
 }  // namespace form

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <exception>
 
+#include "model/address.h"
 #include "model/stepCount.h"
 
 namespace form {
@@ -55,7 +56,7 @@ Outcome Session::drawing(const std::function<void()>& action) {
 
 Outcome Session::open(const std::wstring& name) {
   return attempt([&] {
-    const std::wstring before = open_ ? name_ : std::wstring();
+    const std::wstring before = open_ ? given_ : std::wstring();
     const Path path = path_;
     const bool profile = open_ && control_.get(L"DrawProfile").flag();
     const int step = step_;
@@ -79,7 +80,8 @@ Outcome Session::openNow(const std::wstring& name) {
   open_ = false;
   path_.clear();
   if (control_.call(L"NcFile", {name}).number() != 1) return {reason()};
-  name_ = name;
+  given_ = name;
+  name_ = withoutCredentials(name);
   items_.clear();
   const int count = control_.get(L"NumDrawAbleItems").number();
   for (int k = 1; k <= count; ++k) items_.push_back(control_.call(L"ItemName", {k}).text());

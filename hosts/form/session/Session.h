@@ -26,6 +26,7 @@ class Session {
   // A call is under way.
   bool busy() const { return busy_; }
   bool isOpen() const { return open_; }
+  // What was opened; an address without user name and password.
   const std::wstring& name() const { return name_; }
   const std::vector<std::wstring>& items() const { return items_; }
   int item() const { return item_; }
@@ -69,6 +70,8 @@ class Session {
   host::Object& control_;
   bool busy_ = false, open_ = false;
   std::wstring name_;
+  // The same as it was given. For opening it again only, never for showing or keeping.
+  std::wstring given_;
   std::vector<std::wstring> items_;
   int item_ = 0, step_ = 0, steps_ = 0;
   Path path_;

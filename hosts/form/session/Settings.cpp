@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <vector>
 
+#include "model/address.h"
+
 namespace form {
 namespace {
 
@@ -73,9 +75,14 @@ void Settings::setText(const std::wstring& name, const std::wstring& text) {
 
 RecentList Settings::recent() const {
   RecentList list;
+  bool password = false;
   for (std::size_t k = 0; k < RecentList::kMost; ++k) {
-    list.append({text(numbered(kRecent, k)), pathIn(text(numbered(kRecent, k) + kPath))});
+    const std::wstring name = text(numbered(kRecent, k));
+    password = password || withoutCredentials(name) != name;
+    list.append({name, pathIn(text(numbered(kRecent, k) + kPath))});
   }
+  // Versions that kept one have left it there.
+  if (password) setRecent(list);
   return list;
 }
 

@@ -5,6 +5,7 @@
 #include "dialogs/fileDialogs.h"
 #include "dialogs/smallDialogs.h"
 #include "ids.h"
+#include "model/address.h"
 #include "pictures/pictures.h"
 #include "pictures/printing.h"
 #include "window/MainWindow.h"
@@ -14,8 +15,6 @@ namespace form {
 namespace {
 
 constexpr UINT_PTR kPlayTimer = 1;
-
-bool isAddress(const std::wstring& name) { return name.find(L"://") != std::wstring::npos; }
 
 // A file's whole name, wherever the program is later.
 std::wstring wholeName(const std::wstring& name) {
@@ -123,7 +122,7 @@ void MainWindow::openAddress() {
     name = askAddress(window_, address_);
   }
   if (!name) return;
-  address_ = *name;
+  address_ = withoutCredentials(*name);
   open(*name);
 }
 
