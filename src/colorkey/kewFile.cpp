@@ -69,6 +69,19 @@ void appendKey(pugi::xml_node section, const std::string& variable) {
   }
 }
 
+std::string kewFileOf(std::string dataSet) {
+  if (!dataSet.empty()) ocxStrings::ChangeExtension(dataSet, "KEW");
+  return dataSet;
+}
+
+// Judged by the data set's name: the last point, from where on the KEW file's name is another, can
+// lie in a password or before the protocol.
+void refuseAddress(const std::string& dataSet) {
+  if (!ocxNetNc::isAddress(dataSet)) return;
+  const std::string shown = kewFileOf(ocxNetNc::withoutCredentials(dataSet));
+  throw std::runtime_error("Cannot write \"" + shown + "\"");
+}
+
 void saveNew(const std::string& fileName, const std::string& variable) {
   KewDocument document;
   pugi::xml_node declaration = made(document.tree.append_child(pugi::node_declaration));
@@ -119,9 +132,7 @@ void SaveKEW() {
     const std::string& variable = shownVariable();
     const std::string fileName = ownKewFile();
     if (fileName.empty()) throw std::runtime_error("There is no data set");
-    if (ocxNetNc::isAddress(fileName)) {
-      throw std::runtime_error("Cannot write \"" + ocxNetNc::withoutCredentials(fileName) + "\"");
-    }
+    refuseAddress(ocxNetNc::ncf.NcFileName);
     const platform::WriteTurn turn(fileName);
     if (platform::fileExists(fileName)) {
       replaceKeyTrapped(fileName, variable);
@@ -142,11 +153,6 @@ void SaveExistingKew(const std::string& fileName, const std::string& variable) {
   }
 }
 
-std::string ownKewFile() {
-  std::string name = ocxNetNc::ncf.NcFileName;
-  if (name.empty()) return name;
-  ocxStrings::ChangeExtension(name, "KEW");
-  return name;
-}
+std::string ownKewFile() { return kewFileOf(ocxNetNc::ncf.NcFileName); }
 
 }  // namespace ModColor
