@@ -9,6 +9,7 @@
 #include "jsonNumber.h"
 #include "kewKeys.h"
 #include "nameList.h"
+#include "netcdf/remoteName.h"
 #include "terminal.h"
 #include "util/numberText.h"
 
@@ -17,6 +18,7 @@ namespace {
 
 using ModColor::KewDivision;
 using ModColor::KewVariable;
+using ocxNetNc::withoutCredentials;
 using Json = nlohmann::ordered_json;
 
 struct Components {
@@ -114,7 +116,9 @@ void writeJson(const std::string& file, const std::vector<KewVariable>& variable
                     {"error", textOrNull(failureOf(variable))},
                     {"divisions", divisions}});
   }
-  const Json json = {{"file", file}, {"error", textOrNull(failure)}, {"variables", list}};
+  const Json json = {{"file", withoutCredentials(file)},
+                     {"error", textOrNull(withoutCredentials(failure))},
+                     {"variables", list}};
   Output output;
   // A file name can be any bytes; what is not UTF-8 is replaced.
   output.write(json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n");

@@ -11,6 +11,7 @@
 #include <cstring>
 
 #include "failures.h"
+#include "netcdf/remoteName.h"
 
 namespace cli {
 namespace {
@@ -75,7 +76,8 @@ void Output::finish() {
 }
 
 void report(std::string_view text) {
-  writeToErrors("kelvane: " + printable(text, LineFeeds::Keep) + "\n");
+  const std::string shown = ocxNetNc::withoutCredentials(std::string(text));
+  writeToErrors("kelvane: " + printable(shown, LineFeeds::Keep) + "\n");
 }
 
 void writeToErrors(std::string_view text) {

@@ -18,7 +18,8 @@ class Output {
   std::string held_;
 };
 
-// A line on standard error, introduced by the program's name.
+// A line on standard error, introduced by the program's name; addresses in it lose user name and
+// password.
 void report(std::string_view text);
 
 // Text as it is on standard error.
