@@ -32,17 +32,25 @@ windows_path() {
 
 # kwine SECONDS program args... runs a program, ends it after SECONDS, and copies what it wrote to
 # our output and error streams when it has ended. Never directly: Wine's background programs inherit
-# the streams, and whoever reads a pipe would wait for those too.
+# the streams, and whoever reads a pipe would wait for those too. With KELVANE_LIVE set its output is
+# copied while it runs.
 kwine() {
   local seconds=$1 streams status=0
   shift
   streams=$(mktemp -d)
-  timeout -k 5 "$seconds" "$(wine_program "${KELVANE_BITS:-32}")" "$@" \
-    >"$streams/out" 2>"$streams/err" </dev/null 9>&- || status=$?
-  cat -- "$streams/out"
+  set -- timeout -k 5 "$seconds" "$(wine_program "${KELVANE_BITS:-32}")" "$@"
+  if [ -n "${KELVANE_LIVE:-}" ]; then
+    : >"$streams/out"
+    "$@" >>"$streams/out" 2>"$streams/err" </dev/null 9>&- &
+    tail -n +1 -s 0.1 -f --pid=$! -- "$streams/out"
+    wait $! || status=$?
+  else
+    "$@" >"$streams/out" 2>"$streams/err" </dev/null 9>&- || status=$?
+    cat -- "$streams/out"
+  fi
   cat -- "$streams/err" >&2
   rm -rf -- "$streams"
-  [ "$status" -ne 124 ] || note "ended after $seconds s: $*"
+  [ "$status" -ne 124 ] || note "ended after $seconds s: ${*:6}"
   return "$status"
 }
 
