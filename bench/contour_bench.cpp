@@ -108,13 +108,13 @@ BENCHMARK(traceOnly)->Args({4000, 400})->Unit(benchmark::kMillisecond);
 
 enum Arrangement : int64_t { kChain, kShuffledChain, kSoup, kSamePlace, kOneLine, kLattice };
 
-// 200,000 pieces of one level in kind and hostile arrangements.
-std::vector<ScreenPiece> arranged(int64_t arrangement) {
-  constexpr int32_t kMany = 200'000;
+// So many pieces of one level in kind and hostile arrangements.
+std::vector<ScreenPiece> arranged(int64_t arrangement, int32_t count) {
+  const auto many = static_cast<uint32_t>(count);
   std::mt19937 random(7);
-  const auto below = [&](uint32_t count) { return static_cast<float>(random() % count); };
+  const auto below = [&](uint32_t limit) { return static_cast<float>(random() % limit); };
   std::vector<ScreenPiece> pieces;
-  for (int32_t n = 0; n < kMany; ++n) {
+  for (int32_t n = 0; n < count; ++n) {
     const auto at = static_cast<float>(n);
     switch (arrangement) {
       case kChain:
@@ -130,7 +130,7 @@ std::vector<ScreenPiece> arranged(int64_t arrangement) {
         pieces.push_back({7, 7, 7, 7});
         break;
       case kOneLine: {
-        const float from = below(kMany), to = below(kMany);
+        const float from = below(many), to = below(many);
         pieces.push_back({from, 5, to, 5});
         break;
       }
@@ -147,10 +147,11 @@ std::vector<ScreenPiece> arranged(int64_t arrangement) {
   return pieces;
 }
 
-void joinTwoHundredThousand(benchmark::State& state) {
+void join(benchmark::State& state) {
   static constexpr const char* kNames[] = {"chain",      "shuffled chain", "soup",
                                            "same place", "one line",       "lattice"};
-  const std::vector<ScreenPiece> pieces = arranged(state.range(0));
+  const std::vector<ScreenPiece> pieces =
+      arranged(state.range(0), static_cast<int32_t>(state.range(1)));
   OcxContr::PieceJoiner joiner;
   int64_t lines = 0;
   for (auto _ : state) {
@@ -161,7 +162,10 @@ void joinTwoHundredThousand(benchmark::State& state) {
   state.SetLabel(kNames[state.range(0)]);
   state.counters["lines"] = static_cast<double>(lines);
 }
-BENCHMARK(joinTwoHundredThousand)->DenseRange(kChain, kLattice)->Unit(benchmark::kMillisecond);
+BENCHMARK(join)
+    ->ArgsProduct({benchmark::CreateDenseRange(kChain, kLattice, 1), {62'500, 250'000, 1'000'000}})
+    ->MeasureProcessCPUTime()
+    ->Unit(benchmark::kMillisecond);
 
 }  // namespace
 
