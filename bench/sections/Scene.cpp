@@ -51,6 +51,17 @@ void Scene::useColumns(int32_t columns) {
   usePath({{0.1 * cell, 0.5 * row}, {columns * cell, 1.5 * row}});
 }
 
+void Scene::useKey(int32_t divisions) {
+  control_.NewColorKey();
+  const double step = 30.0 / divisions;
+  for (int32_t n = 0; n < divisions; ++n) {
+    const double low = n * step;
+    control_.AddColorKey(static_cast<float>(low), static_cast<float>(low + step),
+                         n * 7919 % 0x1000000);
+  }
+  control_.UseColorKey(true);
+}
+
 void Scene::must(int16_t result) const {
   if (result != 1) throw std::runtime_error(util::LastError);
 }

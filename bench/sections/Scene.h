@@ -39,6 +39,8 @@ class Scene {
   // Another path; not drawn yet. The path of so many columns along the first rows of the grid.
   void usePath(const Path& path);
   void useColumns(int32_t columns);
+  // A key of so many divisions side by side from 0 to 30 degrees.
+  void useKey(int32_t divisions);
 
   control::KelvaneCtl& control() { return control_; }
   const platform::CairoPictures& pictures() const { return pictures_; }

@@ -14,19 +14,6 @@
 namespace bench {
 namespace {
 
-// Divisions side by side from 0 to 30 degrees.
-void useKey(Scene& scene, int32_t divisions) {
-  control::KelvaneCtl& control = scene.control();
-  control.NewColorKey();
-  const double step = 30.0 / divisions;
-  for (int32_t n = 0; n < divisions; ++n) {
-    const double low = n * step;
-    control.AddColorKey(static_cast<float>(low), static_cast<float>(low + step),
-                        n * 7919 % 0x1000000);
-  }
-  control.UseColorKey(true);
-}
-
 // Adds a benchmark of a scene: change(scene) prepares it, work(scene) is measured.
 template <class Change, class Work>
 void addScene(Files file, const std::string& what, const std::string& set, Size size, Change change,
@@ -91,7 +78,7 @@ void addDrawing(Files file) {
   for (const int32_t divisions : {10, 1000, 30'000}) {
     addScene(
         file, "key-" + std::to_string(divisions), "regional-classic", kWindow,
-        [=](Scene& scene) { useKey(scene, divisions); }, again);
+        [=](Scene& scene) { scene.useKey(divisions); }, again);
   }
 }
 

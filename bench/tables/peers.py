@@ -1,0 +1,69 @@
+"""Tables of the comparison with other programs."""
+
+from results import Processes
+from sections import each_row
+from table import Table, Target
+
+PYTHON = "xarray and matplotlib"
+OURS = "kelvane"
+
+
+def cases(processes):
+    return sorted({name.split("/")[1] for name in processes.names("cold/")})
+
+
+def programs(processes, case):
+    names = [name.split("/")[2] for name in processes.names(f"cold/{case}/")]
+    return sorted(names, key=lambda name: name != OURS)
+
+
+def cold(processes, case, judged):
+    table = Table(f"From nothing to a PNG: {case}",
+                  ("", "wall ms, median", "peak MB", "times ours", "target", ""))
+    mine = f"cold/{case}/{OURS}"
+    for program in programs(processes, case):
+        def row(program=program):
+            name = f"cold/{case}/{program}"
+            target = None
+            if program != OURS and judged:
+                target = Target(20 if program == PYTHON else 1, least=True)
+            table.add(program, processes.median(name), processes.median(name, "peak") / 1024,
+                      figure=processes.ratio(name, mine), target=target)
+        each_row([row])
+    return table
+
+
+def frame_time(processes, case, program):
+    """The cost of a further time step: many steps less one step, of the same program."""
+    many = processes.median(f"steps/{case}/{program}")
+    one = processes.median(f"cold/{case}/{program}")
+    return (many - one) / (processes.steps - 1)
+
+
+def frames(processes, case, judged):
+    table = Table(f"A further time step, with its PNG: {case}",
+                  ("", "ms", "times ours", "target", ""))
+    rows = []
+    for program in programs(processes, case):
+        def row(program=program):
+            mine = frame_time(processes, case, OURS)
+            theirs = frame_time(processes, case, program)
+            target = Target(2, least=True) if program != OURS and judged else None
+            table.add(program, theirs, figure=theirs / mine, target=target)
+        rows.append(row)
+    each_row(rows)
+    return table
+
+
+def tables(path):
+    """Every case's two tables. The file has the processes, and beside them how many steps the
+    longer runs draw and which case has targets."""
+    runs = Processes()
+    runs.load(path)
+    about = runs.take("about")
+    runs.steps = about["steps"]
+    made = []
+    for case in cases(runs):
+        judged = case in about["judged"]
+        made += [cold(runs, case, judged), frames(runs, case, judged)]
+    return made
