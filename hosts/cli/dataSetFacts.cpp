@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "BlankPictureBox.h"
-#include "TerminalDesktop.h"
 #include "netcdf/catalogue.h"
 #include "netcdf/ncf.h"
 #include "netcdf/remoteName.h"
@@ -99,10 +97,7 @@ void noteObstacles(DataSetFacts& facts, const std::string& errorMessage) {
 
 }  // namespace
 
-DataSetFacts listDataSet(const std::string& name) {
-  BlankPictures pictures;
-  TerminalDesktop desktop;
-  control::KelvaneCtl control(pictures.pictures(), desktop);
+DataSetFacts listDataSet(control::KelvaneCtl& control, const std::string& name) {
   DataSetFacts facts;
   facts.dataSet = ocxNetNc::withoutCredentials(name);
   facts.failure = openDataSet(control, name).value_or("");

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "control/KelvaneCtl.h"
+
 namespace cli {
 
 // What the control found in a data set, for listing.
@@ -46,8 +48,7 @@ struct DataSetFacts {
   std::vector<std::string> notes;  // what stands in the way of a section although it opened
 };
 
-// Opens a data set with a control of its own and lists what the control found, also when the
-// opening failed on the way.
-DataSetFacts listDataSet(const std::string& name);
+// Has the control open a data set and lists what it found, also when the opening failed on the way.
+DataSetFacts listDataSet(control::KelvaneCtl& control, const std::string& name);
 
 }  // namespace cli

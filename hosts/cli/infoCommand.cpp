@@ -1,6 +1,6 @@
 #include "infoCommand.h"
 
-#include "dataSetFacts.h"
+#include "diagnosis/diagnose.h"
 #include "failures.h"
 #include "infoForms.h"
 #include "terminal.h"
@@ -8,9 +8,15 @@
 namespace cli {
 
 void info(const std::string& dataSet, InfoForm form) {
-  const DataSetFacts facts = listDataSet(dataSet);
+  const auto [facts, diagnosis] = diagnosis::examine(dataSet);
   Output output;
-  output.write(form == InfoForm::Json ? jsonForm(facts) : textForm(facts));
+  if (form == InfoForm::Json) {
+    output.write(jsonForm(facts, diagnosis));
+  } else {
+    output.write(textForm(facts));
+    // Of what cannot be read at all there is nothing to say but why.
+    if (diagnosis.verdict != diagnosis::Verdict::Unreadable) output.write(textForm(diagnosis));
+  }
   output.finish();
   if (!facts.failure.empty()) throw Failure(facts.failure);
 }

@@ -66,9 +66,48 @@ Json itemsJson(const DataSetFacts& facts) {
   return list;
 }
 
+Json checksJson(const diagnosis::Diagnosis& diagnosis) {
+  static constexpr const char* states[] = {"passed", "failed", "unreached"};
+  Json list = Json::array();
+  for (const diagnosis::Check& check : diagnosis.checks) {
+    list.push_back({{"rule", check.rule},
+                    {"title", check.title},
+                    {"stage", diagnosis::stageName(check.stage)},
+                    {"state", states[static_cast<std::size_t>(check.state)]},
+                    {"finding", textOrNull(check.evidence.finding)},
+                    {"name", textOrNull(check.evidence.name)},
+                    {"value", textOrNull(check.evidence.value)},
+                    {"place", textOrNull(check.evidence.place)}});
+  }
+  return list;
+}
+
+Json variablesJson(const diagnosis::Diagnosis& diagnosis) {
+  Json list = Json::array();
+  for (const diagnosis::VariableFinding& variable : diagnosis.variables) {
+    list.push_back({{"name", variable.name},
+                    {"type", variable.type},
+                    {"units", variable.units},
+                    {"dimensions", variable.dimensions},
+                    {"role", textOrNull(variable.role)},
+                    {"listed", variable.listed},
+                    {"drawable", variable.drawable},
+                    {"reason", textOrNull(variable.reason)}});
+  }
+  return list;
+}
+
+Json warningsJson(const diagnosis::Diagnosis& diagnosis) {
+  Json list = Json::array();
+  for (const diagnosis::Warning& warning : diagnosis.warnings) {
+    list.push_back({{"kind", warning.kind}, {"names", warning.names}, {"text", warning.text}});
+  }
+  return list;
+}
+
 }  // namespace
 
-std::string jsonForm(const DataSetFacts& facts) {
+std::string jsonForm(const DataSetFacts& facts, const diagnosis::Diagnosis& diagnosis) {
   Json time = axisJson(facts.time);
   if (facts.time) time["origin"] = facts.timeOrigin ? Json(*facts.timeOrigin) : Json();
   const Json json = {{"data_set", facts.dataSet},
@@ -85,7 +124,15 @@ std::string jsonForm(const DataSetFacts& facts) {
                      {"time_steps", stepsJson(facts)},
                      {"levels", levelsJson(facts)},
                      {"items", itemsJson(facts)},
-                     {"notes", facts.notes}};
+                     {"notes", facts.notes},
+                     {"verdict", diagnosis::verdictName(diagnosis.verdict)},
+                     {"summary", diagnosis.summary},
+                     {"format", textOrNull(diagnosis.format)},
+                     {"checks", checksJson(diagnosis)},
+                     {"variables", variablesJson(diagnosis)},
+                     {"warnings", warningsJson(diagnosis)},
+                     {"command", textOrNull(diagnosis.command)},
+                     {"advice", diagnosis.advice}};
   // A file name can be any bytes; what is not UTF-8 is replaced.
   return json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
 }

@@ -1,0 +1,87 @@
+#include <algorithm>
+#include <functional>
+
+#include "diagnosis/checkList.h"
+#include "util/numberText.h"
+#include "util/ocxStrings.h"
+
+namespace cli::diagnosis {
+namespace {
+
+using ocxStrings::hasPrefix;
+
+bool isPressure(const std::string& units) {
+  const std::string plain = ocxStrings::upper(units);
+  return plain == "PA" || plain == "HPA" || plain == "MB" || plain.starts_with("MILLIB") ||
+         plain.starts_with("PASCAL") || plain.starts_with("MBAR");
+}
+
+bool isMetres(const std::string& units) {
+  const std::string plain = ocxStrings::upper(units);
+  return plain == "M" || plain.starts_with("METER") || plain.starts_with("METRE");
+}
+
+void warnOfOrder(const std::string& name, const std::vector<double>& levels,
+                 std::vector<Warning>& warnings) {
+  const std::string ends = util::generalText(levels.front()) + " to " +
+                           util::generalText(levels.back());
+  if (levels.size() > 1 && std::ranges::is_sorted(levels, std::greater_equal<>())) {
+    warn(warnings, "levels-upward", name,
+         "its values fall, " + ends +
+             ": the last is taken for the deepest, and the others lie outside the picture");
+  } else if (!std::ranges::is_sorted(levels)) {
+    warn(warnings, "levels-unsorted", name,
+         "its values do not rise from level to level (" + ends + "): blocks overlap");
+  }
+  if (*std::ranges::min_element(levels) < 0) {
+    warn(warnings, "negative-levels", name,
+         "it has values below 0 (" + ends + "), where depths are positive and grow downwards");
+  }
+}
+
+}  // namespace
+
+void warnOfLevels(const SetHeader& header, const Recognition& found,
+                  std::vector<Warning>& warnings) {
+  if (found.vertical.variable < 0) return;
+  const SetHeader::Variable& level =
+      header.variables[static_cast<std::size_t>(found.vertical.variable)];
+  const std::vector<double>& levels = found.vertical.values;
+  if (!levels.empty()) warnOfOrder(level.name, levels, warnings);
+  if (levels.size() == 1) {
+    warn(warnings, "one-level", level.name, "it has one level: a section is a single row");
+  }
+  const SetHeader::Attribute* attribute = level.keyword("UNIT");
+  const std::string units = attribute == nullptr ? std::string() : ocxStrings::trim(attribute->text);
+  if (hasPrefix(level.name, "SIGMA")) {
+    warn(warnings, "sigma-levels", level.name,
+         "it holds fractions of the depth: the picture does not follow the sea floor, and its axis "
+         "is labelled in metres all the same");
+  } else if (isPressure(units)) {
+    warn(warnings, "pressure-levels", level.name,
+         "it holds pressures: the axis is labelled in metres all the same");
+  } else if (!units.empty() && !isMetres(units)) {
+    warn(warnings, "level-units", level.name,
+         "its units are " + quoted(units) + ": the axis is labelled in metres all the same");
+  }
+  if (hasPrefix(level.attribute("positive"), "UP") && !isPressure(units)) {
+    warn(warnings, "positive-up", level.name,
+         "its values are heights (positive is up): they are drawn as depths");
+  }
+  for (const SetHeader::Variable& other : header.variables) {
+    if (&other == &level || other.dimensions.size() != 1 ||
+        other.dimensions == level.dimensions) {
+      continue;
+    }
+    const auto named = [&](const char* keyword) { return hasPrefix(other.name, keyword); };
+    if (!named("LEVEL") && !named("SIGMA") && !named("Z") && !named("LAYER") && !named("DEPTH")) {
+      continue;
+    }
+    warn(warnings, "other-vertical", level.name,
+         "it is taken for the vertical axis and " + quoted(other.name) +
+             " is not: the first in the data set counts, and variables on the other are not "
+             "offered");
+  }
+}
+
+}  // namespace cli::diagnosis
