@@ -7,7 +7,7 @@ namespace fuzz {
 namespace {
 
 constexpr std::size_t kLongestRun = 16;
-constexpr std::size_t kLongestBlock = 256;
+constexpr std::size_t kLongestDamage = 256;
 
 constexpr std::array<uint64_t, 24> kNumbers = {
     0, 1, 2, 3, 4, 7, 8, 16, 0x7F, 0x80, 0xFF, 0x7FFF, 0x8000, 0xFFFF, 0x10000, 0x7FFFFFFE,
@@ -121,7 +121,7 @@ class Mutation {
     write(to, read(from));
   }
   std::size_t blockFrom(std::size_t at) {
-    return std::min(1 + random_.below(kLongestBlock), bytes_.size() - at);
+    return std::min(1 + random_.below(kLongestDamage), bytes_.size() - at);
   }
   void copyBlock() {
     const std::size_t from = place();
@@ -136,7 +136,7 @@ class Mutation {
   }
   void insertBlock() {
     const std::size_t from = place();
-    const std::string block = random_.oneIn(3) ? std::string(1 + random_.below(kLongestBlock), '\0')
+    const std::string block = random_.oneIn(3) ? std::string(1 + random_.below(kLongestDamage), '\0')
                                                : bytes_.substr(from, blockFrom(from));
     bytes_.insert(place(), block);
   }

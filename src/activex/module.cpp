@@ -5,18 +5,18 @@
 namespace activex {
 namespace {
 
-HINSTANCE handle = nullptr;
+HINSTANCE library = nullptr;
 std::atomic<long> references{0};
 
 }  // namespace
 
-HINSTANCE moduleHandle() { return handle; }
+HINSTANCE moduleHandle() { return library; }
 
 std::wstring modulePath() {
   std::wstring path(MAX_PATH, L'\0');
   while (path.size() <= 0x8000) {
     const DWORD length =
-        GetModuleFileNameW(handle, path.data(), static_cast<DWORD>(path.size()));
+        GetModuleFileNameW(library, path.data(), static_cast<DWORD>(path.size()));
     if (length == 0) return {};
     if (length < path.size()) {
       path.resize(length);
@@ -37,7 +37,7 @@ extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID);
 
 extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID) {
   if (reason == DLL_PROCESS_ATTACH) {
-    activex::handle = instance;
+    activex::library = instance;
     DisableThreadLibraryCalls(instance);
   }
   return TRUE;

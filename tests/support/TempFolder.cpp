@@ -1,5 +1,6 @@
 #include "support/TempFolder.h"
 
+#include <iterator>
 #include <random>
 
 namespace support {
@@ -23,6 +24,11 @@ TempFolder::TempFolder() {
 TempFolder::~TempFolder() {
   std::error_code ignored;
   std::filesystem::remove_all(path_, ignored);
+}
+
+std::ptrdiff_t TempFolder::entries() const {
+  return std::distance(std::filesystem::directory_iterator(path_),
+                       std::filesystem::directory_iterator());
 }
 
 std::string TempFolder::file(const std::string& name) const { return nameOf(path_ / pathOf(name)); }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
 #include <string>
 
@@ -20,6 +21,8 @@ class TempFolder {
   // The name (UTF-8) of a file in the folder.
   std::string file(const std::string& name) const;
   const std::filesystem::path& path() const { return path_; }
+  // The number of files and folders in it.
+  std::ptrdiff_t entries() const;
 
  private:
   std::filesystem::path path_;

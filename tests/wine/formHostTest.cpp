@@ -17,8 +17,6 @@ namespace {
 using host::ComOwner;
 using host::Form;
 
-constexpr wchar_t kProgId[] = L"Kelvane.KelvaneCtl";
-
 class FormHost : public testing::Test {
  protected:
   FormHost() { support::makeTinySet(folder_.file("tiny.nc")); }

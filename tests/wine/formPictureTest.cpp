@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "Form.h"
+#include "library.h"
 #include "reference.h"
 #include "render/plotFrame.h"
 #include "section/drawItems.h"
@@ -16,7 +17,6 @@ namespace {
 using host::Form;
 using host::Picture;
 
-constexpr wchar_t kProgId[] = L"Kelvane.KelvaneCtl";
 constexpr double kDepths[] = {0, 0, 50, 200};  // counted from 1
 constexpr int kCellLevels = 2;                 // the last level is the lower edge of its cells
 

@@ -6,6 +6,8 @@
 
 namespace winetest {
 
+inline constexpr wchar_t kProgId[] = L"Kelvane.KelvaneCtl";
+
 // Folders and files of the build, found from where this program lies.
 std::wstring programFolder();
 std::wstring libraryPath();                       // KelvaneCtl.ocx

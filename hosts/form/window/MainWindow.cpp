@@ -12,7 +12,6 @@
 namespace form {
 namespace {
 
-constexpr UINT_PTR kPlayTimer = 1, kCloseTimer = 2;
 constexpr UINT kClosePause = 30;  // milliseconds
 constexpr int kUsualWidth = 600, kUsualHeight = 340, kLeastStage = 60;  // units
 

@@ -41,6 +41,7 @@ class MainWindow final : private HostHooks {
  private:
   class Modal;
   class Still;
+  static constexpr UINT_PTR kPlayTimer = 1, kCloseTimer = 2;
 
   void onControlModal(bool up) override;
   bool onHostKey(MSG& message) override;

@@ -14,8 +14,6 @@
 namespace form {
 namespace {
 
-constexpr UINT_PTR kPlayTimer = 1;
-
 // A file's whole name, wherever the program is later.
 std::wstring wholeName(const std::wstring& name) {
   if (isAddress(name)) return name;

@@ -9,7 +9,7 @@
 namespace platform {
 namespace {
 
-[[noreturn]] void fail(const std::string& path, DWORD error) {
+[[noreturn]] void failReading(const std::string& path, DWORD error) {
   failFile("read", path, reasonOf(error));
 }
 
@@ -35,8 +35,8 @@ bool fileExists(const std::string& path) {
 }
 
 std::string readWholeFile(const std::string& path, std::size_t limit) {
-  if (path.empty()) fail(path, ERROR_PATH_NOT_FOUND);
-  if (path.find('\0') != std::string::npos) fail(path, ERROR_INVALID_NAME);
+  if (path.empty()) failReading(path, ERROR_PATH_NOT_FOUND);
+  if (path.find('\0') != std::string::npos) failReading(path, ERROR_INVALID_NAME);
   const std::wstring name = systemName(path);
   const DWORD attributes = GetFileAttributesW(name.c_str());
   if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
@@ -48,17 +48,17 @@ std::string readWholeFile(const std::string& path, std::size_t limit) {
                        FILE_FLAG_SEQUENTIAL_SCAN, nullptr);
     return file.isOpen() ? ERROR_SUCCESS : GetLastError();
   });
-  if (error != ERROR_SUCCESS) fail(path, error);
+  if (error != ERROR_SUCCESS) failReading(path, error);
   if (GetFileType(file.get()) != FILE_TYPE_DISK) failFile("read", path, kNotRegular);
   LARGE_INTEGER length = {};
-  if (GetFileSizeEx(file.get(), &length) == 0) fail(path, GetLastError());
+  if (GetFileSizeEx(file.get(), &length) == 0) failReading(path, GetLastError());
   const auto expected = static_cast<std::uint64_t>(length.QuadPart);
   return readToEnd(path, expected, limit, [&](char* to, std::size_t wanted) -> std::size_t {
     constexpr std::size_t kMost = std::size_t{1} << 22;
     DWORD count = 0;
     if (ReadFile(file.get(), to, static_cast<DWORD>(std::min(wanted, kMost)), &count, nullptr) ==
         0) {
-      fail(path, GetLastError());
+      failReading(path, GetLastError());
     }
     return count;
   });

@@ -15,7 +15,7 @@ namespace {
 // Results of the steps below: an error of the system, or none.
 constexpr DWORD kNoError = ERROR_SUCCESS;
 
-[[noreturn]] void fail(const std::string& path, DWORD error) {
+[[noreturn]] void failWriting(const std::string& path, DWORD error) {
   failFile("write", path, reasonOf(error));
 }
 
@@ -171,18 +171,18 @@ bool writtenStraight(const std::string& path, const std::wstring& name, std::str
   if (!name.starts_with(L"\\\\.\\")) return false;
   FileHandle file(CreateFileW(name.c_str(), GENERIC_WRITE, kShareAll, nullptr, OPEN_EXISTING,
                               FILE_ATTRIBUTE_NORMAL, nullptr));
-  if (!file.isOpen()) fail(path, GetLastError());
+  if (!file.isOpen()) failWriting(path, GetLastError());
   if (GetFileType(file.get()) == FILE_TYPE_DISK) return false;
   const DWORD error = writeAll(file.get(), contents);
-  if (error != kNoError) fail(path, error);
+  if (error != kNoError) failWriting(path, error);
   return true;
 }
 
 }  // namespace
 
 void writeWholeFile(const std::string& path, std::string_view contents) {
-  if (path.empty()) fail(path, ERROR_PATH_NOT_FOUND);
-  if (path.find('\0') != std::string::npos) fail(path, ERROR_INVALID_NAME);
+  if (path.empty()) failWriting(path, ERROR_PATH_NOT_FOUND);
+  if (path.find('\0') != std::string::npos) failWriting(path, ERROR_INVALID_NAME);
   std::wstring target = systemName(path);
   if (writtenStraight(path, target, contents)) return;
   WIN32_FILE_ATTRIBUTE_DATA old = {};
@@ -190,20 +190,20 @@ void writeWholeFile(const std::string& path, std::string_view contents) {
   const bool replaces = error == kNoError;
   // A link that leads nowhere is something, and would itself be replaced.
   const bool isLink = (old.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
-  if (!replaces && (error != ERROR_FILE_NOT_FOUND || isLink)) fail(path, error);
+  if (!replaces && (error != ERROR_FILE_NOT_FOUND || isLink)) failWriting(path, error);
   if (replaces) {
     const DWORD attributes = old.dwFileAttributes;
     if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) failFile("write", path, kIsDirectory);
-    if ((attributes & FILE_ATTRIBUTE_READONLY) != 0) fail(path, ERROR_ACCESS_DENIED);
+    if ((attributes & FILE_ATTRIBUTE_READONLY) != 0) failWriting(path, ERROR_ACCESS_DENIED);
     error = checkReplaceable(target);
-    if (error != kNoError) fail(path, error);
+    if (error != kNoError) failWriting(path, error);
   }
   Part part(target);
   error = part.fill(contents, replaces ? &old.ftCreationTime : nullptr);
   if (error == kNoError) error = part.become(old.dwFileAttributes);
   // It could be replaced, so whoever keeps it from that has it open.
   if (replaces && error == ERROR_ACCESS_DENIED) error = ERROR_SHARING_VIOLATION;
-  if (error != kNoError) fail(path, error);
+  if (error != kNoError) failWriting(path, error);
 }
 
 }  // namespace platform

@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr const char* kKeys =
+constexpr const char* kOtherKeys =
     "<section><variable name=\"salt\"><division><low>34</low><high>35</high><color>255</color>"
     "</division></variable></section>";
 
@@ -14,7 +14,7 @@ class ShownDialogs : public failing::MemoryTest {
  protected:
   ShownDialogs() {
     keyFile = folder.file("tiny.KEW");
-    std::ofstream(folder.path() / "other.kew") << kKeys;
+    std::ofstream(folder.path() / "other.kew") << kOtherKeys;
   }
 
   // The options are shown, and a user does this with them.
@@ -24,7 +24,7 @@ class ShownDialogs : public failing::MemoryTest {
               shown.Draw();
               shown.AddColorKey(0, 10, 255);
               shown.AddColorKey(10, 20, 65280);
-              std::ofstream(support::pathOf(keyFile)) << kKeys;
+              std::ofstream(support::pathOf(keyFile)) << kOtherKeys;
               dialogs.options.push_back(user);
             },
             [this] {

@@ -44,11 +44,6 @@ std::string failureOfTurn(const std::string& path, std::chrono::milliseconds pat
   }
 }
 
-std::ptrdiff_t filesIn(const TempFolder& folder) {
-  return std::distance(std::filesystem::directory_iterator(folder.path()),
-                       std::filesystem::directory_iterator());
-}
-
 TEST(SavingKeysAtOnce, LosesNoneAndTheFileIsWholeAtEveryMoment) {
   const TempFolder folder;
   const std::string file = folder.file("set.KEW");
@@ -79,13 +74,13 @@ TEST(SavingKeysAtOnce, LosesNoneAndTheFileIsWholeAtEveryMoment) {
   for (const cli_test::Result& result : results) EXPECT_EQ(result.status, 0) << result.out;
   EXPECT_GT(looks, 10);
   EXPECT_EQ(keysIn(file), (std::vector<std::string>{"20 salt", "20 temp", "20 u"}));
-  EXPECT_EQ(filesIn(folder), 1);
+  EXPECT_EQ(folder.entries(), 1);
 }
 
 TEST(WriteTurn, LeavesNothingBehindAndCanBeHadAgain) {
   const TempFolder folder;
   for (int i = 0; i < 3; ++i) EXPECT_EQ(failureOfTurn(folder.file("none.KEW")), "");
-  EXPECT_EQ(filesIn(folder), 0);
+  EXPECT_EQ(folder.entries(), 0);
 }
 
 TEST(WriteTurn, WaitsForAnotherOneButNotForEver) {

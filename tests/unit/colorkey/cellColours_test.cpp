@@ -10,6 +10,7 @@
 #include "colorkey/colorKey.h"
 #include "colorkey/rampColour.h"
 #include "support/sampleSets.h"
+#include "support/specialValues.h"
 #include "util/RuntimeError.h"
 
 namespace {
@@ -17,15 +18,15 @@ namespace {
 using ModColor::ColorKey;
 using ModColor::KeyLookup;
 
-constexpr float kInfinity = std::numeric_limits<float>::infinity();
-constexpr float kNan = std::numeric_limits<float>::quiet_NaN();
+using support::kFloatInfinity;
+using support::kFloatNan;
 constexpr float kLargest = std::numeric_limits<float>::max();
 constexpr float kLeast = std::numeric_limits<float>::denorm_min();
 constexpr int64_t kSubscriptError = int64_t{1} << 40;
 
-constexpr std::array kSpecial = {0.0F,  -0.0F,    kLeast,    -kLeast,    1.0F,
-                                 -1.0F, kLargest, -kLargest, kInfinity,  -kInfinity,
-                                 kNan,  -kNan,    0.1F,      16777216.0F};
+constexpr std::array kSpecial = {0.0F,      -0.0F,      kLeast,    -kLeast,        1.0F,
+                                 -1.0F,     kLargest,   -kLargest, kFloatInfinity, -kFloatInfinity,
+                                 kFloatNan, -kFloatNan, 0.1F,      16777216.0F};
 
 class CellColours : public testing::Test {
  protected:
@@ -76,11 +77,11 @@ TEST_F(CellColours, AreThoseOfTheKeyAroundEveryBound) {
     for (const float high : kSpecial) {
       ModColor::NewColorKey();
       ModColor::AddColorKey(low, high, 255);
-      ModColor::AddColorKey(-kInfinity, kInfinity, 1);
+      ModColor::AddColorKey(-kFloatInfinity, kFloatInfinity, 1);
       const KeyLookup lookup;
       for (const float bound : kSpecial) {
-        for (const float value :
-             {bound, std::nextafter(bound, kInfinity), std::nextafter(bound, -kInfinity)}) {
+        for (const float value : {bound, std::nextafter(bound, kFloatInfinity),
+                                  std::nextafter(bound, -kFloatInfinity)}) {
           ASSERT_NO_FATAL_FAILURE(expectAsInKey(lookup, value)) << low << " to " << high;
         }
       }
@@ -94,7 +95,7 @@ TEST_F(CellColours, FailOnlyWhereTheKeyRunsBeyondItsLists) {
   const KeyLookup lookup;
   EXPECT_EQ(resultOf(lookup, 0.5F), 255);
   EXPECT_EQ(resultOf(lookup, 1), kSubscriptError + util::kSubscript);
-  EXPECT_EQ(resultOf(lookup, kNan), kSubscriptError + util::kSubscript);
+  EXPECT_EQ(resultOf(lookup, kFloatNan), kSubscriptError + util::kSubscript);
 }
 
 TEST_F(CellColours, AreWhiteWithoutDivisions) {
@@ -125,7 +126,7 @@ TEST_F(CellColours, ComeFromTheKeyOrTheRampAsTheFlagSays) {
   for (const int32_t flag : {-2, -1, 0, 1, 2, 3, 4, 5}) {
     ModColor::bUseKey = flag;
     const ModColor::CellColours colours;
-    for (const float value : {-1.0F, 0.0F, 2.5F, 5.0F, 10.0F, 11.0F, kNan, kInfinity}) {
+    for (const float value : {-1.0F, 0.0F, 2.5F, 5.0F, 10.0F, 11.0F, kFloatNan, kFloatInfinity}) {
       EXPECT_EQ(colours(value), plainColour(value)) << flag << ", " << value;
     }
   }

@@ -7,6 +7,7 @@
 #include "colorkey/cellColours.h"
 #include "colorkey/rampColour.h"
 #include "support/sampleSets.h"
+#include "support/specialValues.h"
 #include "util/RuntimeError.h"
 
 namespace {
@@ -14,7 +15,7 @@ namespace {
 using ModColor::ColorKey;
 
 constexpr platform::Colour kWhite = 16777215;
-constexpr float kNan = std::numeric_limits<float>::quiet_NaN();
+using support::kFloatNan;
 
 class ColorKeyTest : public testing::Test {
  protected:
@@ -94,7 +95,7 @@ TEST_F(ColorKeyTest, AValueTakesTheFirstDivisionThatContainsIt) {
   };
   const Row rows[] = {{-0.001F, kWhite}, {0, 255},       {9.999F, 255},       {10, 65280},
                       {19.999F, 65280},  {20, 16711680}, {29.999F, 16711680}, {30, kWhite},
-                      {37, kWhite},      {40, kWhite},   {kNan, kWhite},      {-1e35F, kWhite}};
+                      {37, kWhite},      {40, kWhite},   {kFloatNan, kWhite}, {-1e35F, kWhite}};
   for (const Row& row : rows) {
     EXPECT_EQ(ModColor::KeyColour(row.value), row.colour) << row.value;
   }

@@ -2,6 +2,7 @@
 
 #include <limits>
 
+#include "support/specialValues.h"
 #include "unit/colorkey/KeyDialogTest.h"
 
 using ModColor::ColorKey;
@@ -10,7 +11,7 @@ using platform::rgb;
 
 namespace {
 
-constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+using support::kNan;
 constexpr float kEndless = std::numeric_limits<float>::infinity();
 
 class KeyEditor : public KeyDialogTest {

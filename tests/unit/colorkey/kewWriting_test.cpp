@@ -5,6 +5,7 @@
 #include "colorkey/kewFile.h"
 #include "netcdf/ncf.h"
 #include "section/drawItems.h"
+#include "support/specialValues.h"
 #include "unit/colorkey/KewTest.h"
 #include "util/lastError.h"
 
@@ -99,8 +100,9 @@ TEST_F(KewWriting, WritesTheFewestDigitsThatReadBack) {
 
 // The key's own bounds go on as they are; from the file they come back as 0.
 TEST_F(KewWriting, EndlessBoundsDoNotReadBack) {
-  constexpr float kInfinity = std::numeric_limits<float>::infinity();
-  for (const float bound : {kInfinity, -kInfinity, std::numeric_limits<float>::quiet_NaN()}) {
+  using support::kFloatInfinity;
+  for (const float bound :
+       {kFloatInfinity, -kFloatInfinity, support::kFloatNan}) {
     setKey({{bound, bound, 1}});
     SaveKEW();
     EXPECT_EQ(util::LastError, "");

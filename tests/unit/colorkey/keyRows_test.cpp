@@ -4,6 +4,7 @@
 
 #include <limits>
 
+#include "support/specialValues.h"
 #include "util/RuntimeError.h"
 
 using ModColor::colourRamp;
@@ -14,7 +15,7 @@ using platform::rgb;
 
 namespace {
 
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
+using support::kInfinity;
 
 template <class Call>
 int errorOf(Call call) {

@@ -4,13 +4,15 @@
 
 #include <limits>
 
+#include "support/specialValues.h"
+
 using ModColor::countOfField;
 using ModColor::fieldText;
 using ModColor::numberOfField;
 
 namespace {
 
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
+using support::kInfinity;
 constexpr int32_t kLargest = std::numeric_limits<int32_t>::max();
 constexpr int32_t kSmallest = std::numeric_limits<int32_t>::min();
 

@@ -5,6 +5,7 @@
 
 #include "NcTest.h"
 #include "netcdf/status.h"
+#include "support/specialValues.h"
 #include "util/lastError.h"
 
 namespace {
@@ -18,7 +19,7 @@ using ocxNetNc::NcStride;
 using support::NcMaker;
 
 constexpr float kReplacement = -1e35F;
-constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+using support::kNan;
 
 class ReaderTest : public NcTest {
  protected:

@@ -5,6 +5,8 @@
 #include <limits>
 #include <vector>
 
+#include "support/specialValues.h"
+
 using platform::LinePiece;
 using platform::clipLine;
 
@@ -44,7 +46,7 @@ TEST(ClipLine, findsNothingOutside) {
 
 TEST(ClipLine, findsNothingWithoutFiniteCoordinates) {
   constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-  constexpr double kInfinity = std::numeric_limits<double>::infinity();
+  using support::kInfinity;
   for (const double bad : {kNaN, kInfinity, -kInfinity}) {
     EXPECT_FALSE(clipped({bad, 0, 1, 1}));
     EXPECT_FALSE(clipped({0, 0, 1, bad}));

@@ -21,10 +21,6 @@ std::string contentsOf(const std::string& path) {
   return text.str();
 }
 
-std::ptrdiff_t filesIn(const TempFolder& folder) {
-  return std::distance(fs::directory_iterator(folder.path()), fs::directory_iterator());
-}
-
 TEST(FileExists, IsTrueForWhatIsThereAndNoFolder) {
   const TempFolder folder;
   platform::writeWholeFile(folder.file("file \xC3\xA9"), "");
@@ -44,7 +40,7 @@ TEST(WriteWholeFile, WritesAndReplacesLeavingNothingBeside) {
        {std::string("first"), std::string(5'000'000, 'x'), everyByte, std::string()}) {
     platform::writeWholeFile(path, contents);
     EXPECT_EQ(contentsOf(path), contents);
-    EXPECT_EQ(filesIn(folder), 1);
+    EXPECT_EQ(folder.entries(), 1);
   }
 }
 
@@ -66,7 +62,7 @@ TEST(WriteWholeFile, AnotherHardLinkKeepsTheOldContents) {
   platform::writeWholeFile(folder.file("file"), "new");
   EXPECT_EQ(contentsOf(folder.file("file")), "new");
   EXPECT_EQ(contentsOf(folder.file("other")), "old");
-  EXPECT_EQ(filesIn(folder), 2);
+  EXPECT_EQ(folder.entries(), 2);
 }
 
 TEST(WriteWholeFile, AWriteProtectedFileIsRefused) {
@@ -77,7 +73,7 @@ TEST(WriteWholeFile, AWriteProtectedFileIsRefused) {
   fs::permissions(support::pathOf(path), writing, fs::perm_options::remove);
   EXPECT_THROW(platform::writeWholeFile(path, "new"), std::runtime_error);
   EXPECT_EQ(contentsOf(path), "old");
-  EXPECT_EQ(filesIn(folder), 1);
+  EXPECT_EQ(folder.entries(), 1);
   fs::permissions(support::pathOf(path), writing, fs::perm_options::add);
   platform::writeWholeFile(path, "new");
   EXPECT_EQ(contentsOf(path), "new");
@@ -101,7 +97,7 @@ TEST(WriteWholeFile, AFailureNamesTheFileAndLeavesWhatWasThere) {
     }
   }
   EXPECT_EQ(contentsOf(folder.file("file")), "old");
-  EXPECT_EQ(filesIn(folder), 1);
+  EXPECT_EQ(folder.entries(), 1);
 }
 
 }  // namespace

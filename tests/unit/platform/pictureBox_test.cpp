@@ -4,14 +4,15 @@
 
 #include <limits>
 
+#include "support/specialValues.h"
 #include "util/RuntimeError.h"
 
 namespace {
 
 using platform::PixelBox;
 
-constexpr float kNan = std::numeric_limits<float>::quiet_NaN();
-constexpr float kInfinity = std::numeric_limits<float>::infinity();
+using support::kFloatInfinity;
+using support::kFloatNan;
 
 TEST(BasicPalette, HasTheSixteenClassicColours) {
   const int32_t expected[] = {0,       8388608,  32768, 8421376,  128, 8388736,  32896, 12632256,
@@ -46,7 +47,7 @@ TEST(PixelBox, CoversBothCornersRoundedAndClipped) {
       {4, 4, 4, 4, 4, 4, 4, 4},              // a point is one pixel
       {-3, -100, 3, 100, 0, 0, 3, 19},       // clipped to the surface
       {-0.5F, -0.4F, 9.4F, 19.4F, 0, 0, 9, 19},
-      {-kInfinity, -1e30F, kInfinity, 1e30F, 0, 0, 9, 19},
+      {-kFloatInfinity, -1e30F, kFloatInfinity, 1e30F, 0, 0, 9, 19},
   };
   for (const BoxRow& row : rows) {
     const PixelBox box = platform::pixelBox(row.x1, row.y1, row.x2, row.y2, 10, 20);
@@ -68,7 +69,7 @@ TEST(PixelBox, NothingIsCoveredOutsideOrWithoutCoordinates) {
   EXPECT_TRUE(platform::pixelBox(0, 0, 5, 5, 10, 0).empty());
   for (int corner = 0; corner < 4; ++corner) {
     float at[] = {0, 0, 5, 5};
-    at[corner] = kNan;
+    at[corner] = kFloatNan;
     EXPECT_TRUE(platform::pixelBox(at[0], at[1], at[2], at[3], 10, 20).empty()) << corner;
   }
 }

@@ -2,9 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
-
 #include "contourGrid.h"
+#include "support/specialValues.h"
 #include "util/RuntimeError.h"
 
 namespace {
@@ -13,8 +12,8 @@ using OcxContr::ContourLevels;
 using OcxContr::ValueRange;
 using render_tests::ContourGrid;
 
-constexpr float kNan = std::numeric_limits<float>::quiet_NaN();
-constexpr float kInfinity = std::numeric_limits<float>::infinity();
+using support::kFloatInfinity;
+using support::kFloatNan;
 
 std::vector<float> allOf(ContourLevels levels) {
   std::vector<float> found;
@@ -69,11 +68,11 @@ TEST(ContourLevelsTest, WithoutAnyValueThereIsNoLevelInTheRange) {
 }
 
 TEST(ContourLevelsTest, IntervalsThatAreNoNumberGiveNone) {
-  for (const float bad : {kNan, kInfinity, -kInfinity}) {
+  for (const float bad : {kFloatNan, kFloatInfinity, -kFloatInfinity}) {
     float interval = bad;
-    EXPECT_TRUE(allOf(ContourLevels({0, 10}, interval, kNan, 0)).empty()) << bad;
+    EXPECT_TRUE(allOf(ContourLevels({0, 10}, interval, kFloatNan, 0)).empty()) << bad;
   }
-  float interval = kNan;
+  float interval = kFloatNan;
   EXPECT_TRUE(allOf(ContourLevels({0, 10}, interval, 10, 0)).empty());
 }
 
@@ -111,7 +110,7 @@ TEST(ContourLevelsTest, TheScanTakesMarksOneToEight) {
   EXPECT_EQ(scanRange(grid.field()).smallest, 3.0F);
   grid.mark(3, 1) = 5;
   EXPECT_EQ(scanRange(grid.field()).smallest, -2.0F);
-  grid.value(1, 1) = kNan;  // never larger, never smaller
+  grid.value(1, 1) = kFloatNan;  // never larger, never smaller
   EXPECT_EQ(scanRange(grid.field()).largest, 7.0F);
   const ContourGrid none({{3, 7}, {4, 5}}, {{0, 9}, {9, 0}});
   EXPECT_EQ(scanRange(none.field()).largest, -1E20F);

@@ -4,6 +4,7 @@
 
 #include "HeldSection.h"
 #include "section/sectionValues.h"
+#include "support/specialValues.h"
 #include "util/RuntimeError.h"
 
 namespace {
@@ -13,8 +14,8 @@ using support::Operation;
 using Kind = Operation::Kind;
 using Texts = std::vector<std::string>;
 
-constexpr float kNan = std::numeric_limits<float>::quiet_NaN();
-constexpr float kInfinity = std::numeric_limits<float>::infinity();
+using support::kFloatInfinity;
+using support::kFloatNan;
 
 std::vector<double> depthsOf(const std::vector<ProfilePoint>& profile) {
   std::vector<double> depths;
@@ -58,7 +59,7 @@ TEST_F(ProfileGraphTest, AProfileIsTheColumnFromTheTopDown) {
 
 TEST_F(ProfileGraphTest, LevelsWithoutAValueAreSkipped) {
   EXPECT_EQ(depthsOf(CollectProfile(7)), (std::vector<double>{0, 50}));
-  section_values.store(3, 2, kNan);
+  section_values.store(3, 2, kFloatNan);
   section_values.store(3, 1, -2e35F);
   EXPECT_EQ(depthsOf(CollectProfile(3)), (std::vector<double>{200}));
   for (int32_t k = 1; k <= 3; ++k) section_values.store(4, k, -1e35F);
@@ -141,7 +142,7 @@ TEST_F(ProfileGraphTest, ValuesOutsideTheRangeAreDrawnWhereTheyFall) {
 }
 
 TEST_F(ProfileGraphTest, APointBeyondTheSingleRangeIsAnOverflow) {
-  for (const float value : {3e38F, -3e38F, kInfinity}) {
+  for (const float value : {3e38F, -3e38F, kFloatInfinity}) {
     EXPECT_THROW(profileLines({{0, 5}, {50, value}}), util::RuntimeError) << value;
   }
 }
@@ -154,7 +155,7 @@ TEST_F(ProfileGraphTest, AValueRangeOfZeroHasNoTicksAndNoProfile) {
 }
 
 TEST_F(ProfileGraphTest, ADepthOfZeroHasNoTicksAndNoProfile) {
-  for (const float depth : {0.0F, kNan}) {
+  for (const float depth : {0.0F, kFloatNan}) {
     depthMax = depth;
     surface.operations.clear();
     drawFrame();
@@ -177,7 +178,7 @@ TEST_F(ProfileGraphTest, LevelsCountedUpwardsHaveNoTicksAndRunDownwards) {
 TEST_F(ProfileGraphTest, ARangeThatIsNoNumberLeavesTheRectangleAlone) {
   const struct {
     float minimum, maximum;
-  } ranges[] = {{kNan, 10}, {0, kNan}, {0, kInfinity}, {-kInfinity, 0}};
+  } ranges[] = {{kFloatNan, 10}, {0, kFloatNan}, {0, kFloatInfinity}, {-kFloatInfinity, 0}};
   for (const auto& range : ranges) {
     item.plot_min = range.minimum;
     item.plot_max = range.maximum;

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 
+#include "support/specialValues.h"
 #include "util/RuntimeError.h"
 
 namespace {
@@ -71,12 +71,12 @@ TEST(ProfileTicks, ATickClearlyAboveTheMaximumIsNoTick) {
 }
 
 TEST(ProfileTicks, NoneWithoutAnIntervalAboveZeroOrARange) {
-  constexpr float kNan = std::numeric_limits<float>::quiet_NaN();
-  constexpr float kInfinity = std::numeric_limits<float>::infinity();
+  using support::kFloatInfinity;
+  using support::kFloatNan;
   const struct {
     float minimum, maximum, interval;
-  } cases[] = {{0, 10, 0},    {0, 10, -1},    {0, 10, kNan},     {10, 0, 1},
-               {kNan, 10, 1}, {0, kNan, 1},   {0, 10, kInfinity}};
+  } cases[] = {{0, 10, 0},         {0, 10, -1},       {0, 10, kFloatNan},     {10, 0, 1},
+               {kFloatNan, 10, 1}, {0, kFloatNan, 1}, {0, 10, kFloatInfinity}};
   for (const auto& c : cases) {
     EXPECT_TRUE(valueTicks(c.minimum, c.maximum, c.interval).empty())
         << c.minimum << ' ' << c.maximum << ' ' << c.interval;

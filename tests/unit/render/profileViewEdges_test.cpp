@@ -214,7 +214,7 @@ TEST_F(ProfileViewEdges, SurfacesOfEverySizeAreDrawn) {
 }
 
 // A surface that fails in the middle of a profile, as one without memory would.
-class FailingBox : public support::RecordingPictureBox {
+class FailingLines : public support::RecordingPictureBox {
  public:
   using RecordingPictureBox::RecordingPictureBox;
   void Line(float x1, float y1, float x2, float y2, platform::Colour colour) override {
@@ -224,7 +224,7 @@ class FailingBox : public support::RecordingPictureBox {
 };
 
 TEST_F(ProfileViewEdges, NoExceptionOfAnyKindComesOut) {
-  FailingBox failing("picSection");
+  FailingLines failing("picSection");
   platform::Pictures some{boxes.Picture1, boxes.picDateTime, failing, boxes.picContours};
   DrawProfileView(some);
   EXPECT_EQ(util::LastError.rfind("DrawProfile KelvaneMain: 7, KelvaneCtl, ", 0), 0U)

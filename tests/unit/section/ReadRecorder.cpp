@@ -27,12 +27,12 @@ int listen(int ncid, int varid, const std::size_t* start, const std::size_t* cou
   return (behind.*entry)(ncid, varid, start, count, stride, values);
 }
 
-int open(const char* name, int mode, int* ncid) {
+int countedOpen(const char* name, int mode, int* ncid) {
   ++opens;
   return behind.nc_open(name, mode, ncid);
 }
 
-int close(int ncid) {
+int countedClose(int ncid) {
   ++closes;
   return behind.nc_close(ncid);
 }
@@ -45,8 +45,8 @@ ReadRecorder::ReadRecorder() {
   opens = closes = 0;
   behind = NetCDF::library;
   EntryPoints& library = NetCDF::library;
-  library.nc_open = open;
-  library.nc_close = close;
+  library.nc_open = countedOpen;
+  library.nc_close = countedClose;
   library.nc_get_vars_short = listen<short, &EntryPoints::nc_get_vars_short>;
   library.nc_get_vars_int = listen<int, &EntryPoints::nc_get_vars_int>;
   library.nc_get_vars_float = listen<float, &EntryPoints::nc_get_vars_float>;

@@ -3,12 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
+
+#include "support/specialValues.h"
 
 namespace {
 
-constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
-constexpr double kInf = std::numeric_limits<double>::infinity();
+using support::kInfinity;
+using support::kNan;
 
 // The expected values come from decimal arithmetic with several hundred digits.
 TEST(ExactMath, CosineIsTheNearestDouble) {
@@ -24,7 +25,8 @@ TEST(ExactMath, CosineIsTheNearestDouble) {
                                              {1e22, 0.523214785395139},
                                              {1.7976931348623157e308, -0.9999876894265599}};
   for (const auto& [angle, expected] : cases) EXPECT_EQ(util::cosine(angle), expected) << angle;
-  for (const double angle : {kNan, kInf, -kInf}) EXPECT_TRUE(std::isnan(util::cosine(angle)));
+  for (const double angle : {kNan, kInfinity, -kInfinity})
+    EXPECT_TRUE(std::isnan(util::cosine(angle)));
 }
 
 TEST(ExactMath, LogarithmIsTheNearestDouble) {
@@ -37,17 +39,17 @@ TEST(ExactMath, LogarithmIsTheNearestDouble) {
                                              {0.10000000149011612, -2.3025850780928847},
                                              {1.7976931348623157e308, 709.782712893384},
                                              {5e-324, -744.4400719213812},
-                                             {0.0, -kInf},
-                                             {kInf, kInf}};
+                                             {0.0, -kInfinity},
+                                             {kInfinity, kInfinity}};
   for (const auto& [value, expected] : cases) EXPECT_EQ(util::naturalLog(value), expected) << value;
   EXPECT_TRUE(std::isnan(util::naturalLog(-1.0)));
   EXPECT_TRUE(std::isnan(util::naturalLog(kNan)));
 }
 
 TEST(ExactMath, PowersOfTenAreTheNearestDoubles) {
-  const std::pair<int, double> cases[] = {{0, 1.0},       {1, 10.0},      {-1, 0.1},   {-2, 0.01},
-                                          {22, 1e22},     {23, 1e23},     {-5, 1e-5},  {308, 1e308},
-                                          {-308, 1e-308}, {-320, 1e-320}, {309, kInf}, {-400, 0.0}};
+  const std::pair<int, double> cases[] = {
+      {0, 1.0},   {1, 10.0},    {-1, 0.1},      {-2, 0.01},     {22, 1e22},       {23, 1e23},
+      {-5, 1e-5}, {308, 1e308}, {-308, 1e-308}, {-320, 1e-320}, {309, kInfinity}, {-400, 0.0}};
   for (const auto& [exponent, expected] : cases) {
     EXPECT_EQ(util::powerOfTen(exponent), expected) << exponent;
   }

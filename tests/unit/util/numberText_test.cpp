@@ -5,6 +5,8 @@
 #include <cmath>
 #include <limits>
 
+#include "support/specialValues.h"
+
 namespace {
 
 using util::generalText;
@@ -12,8 +14,8 @@ using util::losslessText;
 using util::patternText;
 using util::signReservingText;
 
-constexpr float kInf = std::numeric_limits<float>::infinity();
-constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+using support::kFloatInfinity;
+using support::kNan;
 
 TEST(NumberText, WritesSinglesInThreeForms) {
   const struct {
@@ -38,8 +40,8 @@ TEST(NumberText, WritesSinglesInThreeForms) {
       {3.1415927F, "3.141593", "3.1415927", " 3.141593"},
       {1234.5677F, "1234.568", "1234.5677", " 1234.568"},
       {9999999.9F, "1E+07", "1E+07", " 1E+07"},
-      {kInf, "inf", "inf", " inf"},
-      {-kInf, "-inf", "-inf", "-inf"},
+      {kFloatInfinity, "inf", "inf", " inf"},
+      {-kFloatInfinity, "-inf", "-inf", "-inf"},
       {static_cast<float>(kNan), "nan", "nan", " nan"},
   };
   for (const auto& c : cases) {

@@ -6,14 +6,15 @@
 #include <cmath>
 #include <limits>
 
+#include "support/specialValues.h"
 #include "util/OneBased.h"
 #include "util/RuntimeError.h"
 #include "util/ocxMinmax.h"
 
 namespace {
 
-constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
-constexpr double kInf = std::numeric_limits<double>::infinity();
+using support::kInfinity;
+using support::kNan;
 
 // The number of the run-time error that the action raises; 0 when it raises none.
 template <class Action>
@@ -59,7 +60,7 @@ TEST(Rounding, IgnoresTheRoundingModeOfTheHost) {
 }
 
 TEST(Rounding, RefusesWhatDoesNotFit) {
-  for (const double value : {2147483647.5, -2147483649.0, 1e300, kInf, -kInf, kNan}) {
+  for (const double value : {2147483647.5, -2147483649.0, 1e300, kInfinity, -kInfinity, kNan}) {
     EXPECT_EQ(errorOf([&] { util::roundToLong(value); }), util::kOverflow) << value;
   }
   for (const double value : {32767.5, -32769.0, kNan}) {
@@ -89,7 +90,7 @@ TEST(StoreSingle, RoundsOnceAndKeepsNaN) {
 TEST(StoreSingle, OverflowsFromTheFirstMagnitudeThatRoundsBeyondTheRange) {
   const double first = 0x1.ffffffp127;
   EXPECT_EQ(util::storeSingle(std::nextafter(first, 0.0)), std::numeric_limits<float>::max());
-  for (const double value : {first, -first, 1e39, kInf, -kInf}) {
+  for (const double value : {first, -first, 1e39, kInfinity, -kInfinity}) {
     EXPECT_EQ(errorOf([&] { util::storeSingle(value); }), util::kOverflow) << value;
   }
 }

@@ -16,6 +16,9 @@
 
 namespace winetest {
 
+// Members by their numbers.
+inline constexpr DISPID kDraw = 16, kSetCurrentTime = 17, kItemName = 13, kReDraw = 19;
+
 // A control on a form, drawn and active, whose host may take down anything at any time. In the
 // end everything must be gone and let go.
 class TornDown : public testing::Test {

@@ -25,8 +25,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr wchar_t kProgId[] = L"Kelvane.KelvaneCtl";
-
 // A thread with an apartment of its own.
 template <class Body>
 std::thread apartment(DWORD kind, Body body) {

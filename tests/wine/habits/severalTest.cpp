@@ -7,8 +7,6 @@
 namespace winetest {
 namespace {
 
-constexpr DISPID kSetCurrentTime = 17, kReDraw = 19;
-
 class UnderWay : public TornDown {
  protected:
   host::Picture drawn(int width, int height) {

@@ -9,8 +9,6 @@
 namespace winetest {
 namespace {
 
-constexpr DISPID kDraw = 16, kSetCurrentTime = 17, kItemName = 13, kReDraw = 19;
-
 std::string numberOf(const char* what, int way) {
   return std::string(what) + " " + std::to_string(way);
 }

@@ -12,7 +12,7 @@ namespace winetest {
 namespace {
 
 constexpr wchar_t kClass[] = L"KelvaneHostWindow";
-constexpr DWORD kLimit = 20'000;  // milliseconds
+constexpr DWORD kPatience = 20'000;  // milliseconds
 constexpr UINT kTextMessageLimit = 2000;
 
 BOOL CALLBACK findMain(HWND window, LPARAM place) {
@@ -72,7 +72,7 @@ HostProgram::HostProgram(const std::wstring& dataSet, const std::wstring& progra
 
 HostProgram::HostProgram(const PROCESS_INFORMATION& started)
     : process_(started.hProcess), thread_(started.dwThreadId), user_(started.dwThreadId) {
-  WaitForInputIdle(process_, kLimit);
+  WaitForInputIdle(process_, kPatience);
   user_.until("the program's window", [&] {
     EnumThreadWindows(thread_, findMain, reinterpret_cast<LPARAM>(&window_));
     return window_ != nullptr;
@@ -168,7 +168,7 @@ DWORD HostProgram::close() {
 }
 
 DWORD HostProgram::waitForEnd() {
-  if (WaitForSingleObject(process_, kLimit) != WAIT_OBJECT_0) {
+  if (WaitForSingleObject(process_, kPatience) != WAIT_OBJECT_0) {
     throw std::runtime_error("the program does not end");
   }
   DWORD status = 0;

@@ -21,10 +21,6 @@ namespace fs = std::filesystem;
 using platform::reasonOf;
 using support::TempFolder;
 
-std::ptrdiff_t filesIn(const TempFolder& folder) {
-  return std::distance(fs::directory_iterator(folder.path()), fs::directory_iterator());
-}
-
 std::string failureOfWriting(const std::string& path) {
   try {
     platform::writeWholeFile(path, "new");
@@ -158,7 +154,7 @@ TEST(WholeFileOnWindows, AFileThatAnotherHoldsIsNamedSo) {
     EXPECT_EQ(failureOfReading(path), share == 0 ? "Cannot read \"" + path + busy : "") << share;
   }
   EXPECT_EQ(platform::readWholeFile(path, 100), "old");
-  EXPECT_EQ(filesIn(folder), 1);
+  EXPECT_EQ(folder.entries(), 1);
 }
 
 // The system decides whether a file that is open for any use can be replaced.
@@ -173,7 +169,7 @@ TEST(WholeFileOnWindows, AFileThatIsOpenForSharingIsReplacedOrNamed) {
     EXPECT_EQ(failure, "Cannot write \"" + path + "\": " + reasonOf(ERROR_SHARING_VIOLATION));
   }
   EXPECT_EQ(platform::readWholeFile(path, 100), failure.empty() ? "new" : "old");
-  EXPECT_EQ(filesIn(folder), 1);
+  EXPECT_EQ(folder.entries(), 1);
 }
 
 TEST(WholeFileOnWindows, AFileThatAnotherHoldsForAMomentIsWaitedFor) {
@@ -212,7 +208,7 @@ TEST(WholeFileOnWindows, WritersAndReadersOfOneFileNeverMix) {
     EXPECT_EQ(failure, "Cannot write " + busy);
   }
   for (const std::string& failure : result.readFailures) EXPECT_EQ(failure, "Cannot read " + busy);
-  EXPECT_EQ(filesIn(folder), 1);
+  EXPECT_EQ(folder.entries(), 1);
 }
 
 TEST(WholeFileOnWindows, FailuresNameTheFileAndTheReason) {
@@ -241,7 +237,7 @@ TEST(WholeFileOnWindows, FailuresNameTheFileAndTheReason) {
   SetFileAttributesW(wideName(folder.file("protected")).c_str(), FILE_ATTRIBUTE_NORMAL);
   EXPECT_EQ(failureOfReading(folder.file("missing")),
             "Cannot read \"" + folder.file("missing") + "\": " + reasonOf(ERROR_FILE_NOT_FOUND));
-  EXPECT_EQ(filesIn(folder), 1);
+  EXPECT_EQ(folder.entries(), 1);
 }
 
 }  // namespace

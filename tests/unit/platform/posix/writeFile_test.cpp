@@ -52,10 +52,6 @@ std::string failureOf(const std::string& path) {
   return "";
 }
 
-std::ptrdiff_t filesIn(const TempFolder& folder) {
-  return std::distance(fs::directory_iterator(folder.path()), fs::directory_iterator());
-}
-
 struct stat factsOf(const std::string& path) {
   struct stat facts = {};
   EXPECT_EQ(stat(path.c_str(), &facts), 0) << path;
@@ -139,7 +135,7 @@ TEST(WriteWholeFileOnPosix, AFailureOfAnyStepLeavesTheOldFileAlone) {
         row.reason == nullptr ? "" : "Cannot write \"" + path + "\": " + row.reason;
     EXPECT_EQ(failureOf(path), expected);
     EXPECT_EQ(contentsOf(path), row.reason == nullptr ? "new" : "old") << expected;
-    EXPECT_EQ(filesIn(folder), 1) << expected;
+    EXPECT_EQ(folder.entries(), 1) << expected;
   }
 }
 
@@ -162,7 +158,7 @@ TEST(WriteWholeFileOnPosix, AWriteThatEndsInTheMiddleLeavesTheOldFileAlone) {
   std::signal(SIGXFSZ, action);
   EXPECT_EQ(failure, "Cannot write \"" + path + "\": File too large");
   EXPECT_EQ(contentsOf(path), "old");
-  EXPECT_EQ(filesIn(folder), 1);
+  EXPECT_EQ(folder.entries(), 1);
 }
 
 TEST(WriteWholeFileOnPosix, LinksAreFollowedToTheirEnd) {
@@ -228,7 +224,7 @@ TEST(WriteWholeFileOnPosix, WhatAKilledProgramLeftIsInNobodysWay) {
   platform::writeWholeFile(folder.file("file"), "new");
   EXPECT_EQ(contentsOf(folder.file("file")), "new");
   EXPECT_EQ(recorder.recorded.renamed, part.substr(0, number) + std::to_string(last + 4) + ".part");
-  EXPECT_EQ(filesIn(folder), 4);
+  EXPECT_EQ(folder.entries(), 4);
 }
 
 TEST(WriteWholeFileOnPosix, WritersAndReadersOfOneFileNeverMix) {
@@ -239,7 +235,7 @@ TEST(WriteWholeFileOnPosix, WritersAndReadersOfOneFileNeverMix) {
   EXPECT_EQ(result.mixed, 0);
   EXPECT_EQ(result.writeFailures, std::vector<std::string>());
   EXPECT_EQ(result.readFailures, std::vector<std::string>());
-  EXPECT_EQ(filesIn(folder), 1);
+  EXPECT_EQ(folder.entries(), 1);
 }
 
 TEST(WriteWholeFileOnPosix, APipeIsWrittenStraight) {
@@ -259,7 +255,7 @@ TEST(WriteWholeFileOnPosix, APipeIsWrittenStraight) {
   reader.join();
   EXPECT_EQ(read, large);
   EXPECT_TRUE(fs::is_fifo(path));
-  EXPECT_EQ(filesIn(folder), 1);
+  EXPECT_EQ(folder.entries(), 1);
 }
 
 TEST(WriteWholeFileOnPosix, FailuresNameTheFileAndTheReason) {
@@ -285,7 +281,7 @@ TEST(WriteWholeFileOnPosix, FailuresNameTheFileAndTheReason) {
   }
   EXPECT_EQ(contentsOf(folder.file("file")), "old");
   EXPECT_EQ(contentsOf(folder.file("protected")), "old");
-  EXPECT_EQ(filesIn(folder), 3);
+  EXPECT_EQ(folder.entries(), 3);
   EXPECT_TRUE(fs::is_character_file("/dev/full"));
 }
 
