@@ -47,17 +47,6 @@ std::size_t protocolLength(std::string_view name, std::size_t at) {
 
 bool isAddress(std::string_view name) { return protocolLength(name, protocolAt(name)) > 0; }
 
-std::string withoutCredentials(std::string name) {
-  for (std::size_t at = name.find(kEndOfProtocol); at != std::string::npos;
-       at = name.find(kEndOfProtocol, at)) {
-    at += kEndOfProtocol.size();
-    const std::size_t end = std::min(name.find_first_of("/?#", at), name.size());
-    const std::size_t sign = name.rfind('@', end);
-    if (sign != std::string::npos && sign >= at && sign < end) name.erase(at, sign + 1 - at);
-  }
-  return name;
-}
-
 std::string libraryName(std::string name) {
   const std::size_t at = protocolAt(name);
   const std::size_t length = protocolLength(name, at);

@@ -3,6 +3,8 @@
 #include <string>
 #include <string_view>
 
+#include "util/credentials.h"
+
 // Names of data sets that are addresses of a server.
 namespace ocxNetNc {
 
@@ -10,9 +12,7 @@ namespace ocxNetNc {
 // also behind client parameters in brackets ("[noprefetch]http://...").
 bool isAddress(std::string_view name);
 
-// The name without user names and passwords ("user:password@"), which are for the server alone;
-// what is shown, written or reported goes through here. Names without any come back as they are.
-std::string withoutCredentials(std::string name);
+using util::withoutCredentials;
 
 // The name as the netCDF library takes it: it knows protocols in small letters only.
 std::string libraryName(std::string name);
