@@ -6,7 +6,8 @@
 #include <cstddef>
 
 // The netCDF library's entry points, the only ones the system calls. They are held in a table,
-// so that a test can count calls or stand in for a library that answers as no file can.
+// so that a test can count calls or stand in for a library that answers as no file can. Beneath
+// the table announced reads are served from what was read ahead (readAhead.h).
 namespace NetCDF {
 
 struct EntryPoints {
@@ -41,12 +42,22 @@ struct EntryPoints {
                            const std::ptrdiff_t* stride, float* values);
   int (*nc_get_vars_double)(int ncid, int varid, const std::size_t* start, const std::size_t* count,
                             const std::ptrdiff_t* stride, double* values);
+  int (*nc_inq_format_extended)(int ncid, int* format, int* mode);
+  int (*nc_inq_var_chunking)(int ncid, int varid, int* storage, std::size_t* lengths);
+  int (*nc_get_var_chunk_cache)(int ncid, int varid, std::size_t* bytes, std::size_t* slots,
+                                float* preemption);
+  int (*nc_set_var_chunk_cache)(int ncid, int varid, std::size_t bytes, std::size_t slots,
+                                float preemption);
   const char* (*nc_strerror)(int status);
   // What happened to the last request for a data set at an address.
   const NCDAPreport* (*ncdap_report)();
 };
 
-// The library itself.
+// The library itself, call by call.
+EntryPoints bareLibrary();
+
+// The library as the system uses it: `beneath`, but that reads which were announced are served
+// from what was read ahead.
 EntryPoints theLibrary();
 
 // How long requests for data sets at an address wait, in seconds, from the next opening on: for a
@@ -54,7 +65,8 @@ EntryPoints theLibrary();
 // for the default. The user's own settings of the library go before.
 void dapLimits(long connect, long stall, long total);
 
-// The entry points in use.
+// The entry points in use, and those that reading ahead uses.
 extern EntryPoints library;
+extern EntryPoints beneath;
 
 }  // namespace NetCDF

@@ -1,16 +1,18 @@
 #include "netcdf/reader.h"
 
-#include <cmath>
+#include <array>
 #include <cstddef>
-#include <limits>
+#include <span>
+#include <vector>
 
 #include "netcdf/NetCDF.h"
+#include "netcdf/acceptance.h"
 #include "netcdf/ncf.h"
 #include "netcdf/requestPieces.h"
 #include "netcdf/routine.h"
+#include "netcdf/status.h"
 #include "netcdf/wholeVariable.h"
 #include "util/RuntimeError.h"
-#include "util/rounding.h"
 
 namespace ocxNetNc {
 
@@ -31,25 +33,34 @@ Hyperslab hyperslabOf(const NcVar& variable, int32_t tcount) {
     util::raise(util::kSubscript);
   }
   Hyperslab slab;
+  slab.rank = rank;
   int64_t product = 1;
   for (std::size_t i = 0; i < rank; ++i) {
     if (NcStart[i] < 0 || NcCount[i] < 1 || NcStride[i] < 1) util::raise(util::kSubscript);
     product *= NcCount[i];
     if (product > tcount) util::raise(util::kSubscript);
-    slab.start.push_back(static_cast<std::size_t>(NcStart[i]));
-    slab.count.push_back(static_cast<std::size_t>(NcCount[i]));
-    slab.stride.push_back(NcStride[i]);
+    slab.start[i] = static_cast<std::size_t>(NcStart[i]);
+    slab.count[i] = static_cast<std::size_t>(NcCount[i]);
+    slab.stride[i] = NcStride[i];
   }
   if (product != tcount) util::raise(util::kSubscript);
   return slab;
 }
 
-// A number as a comparison in single precision sees it: beyond the range it is infinite.
-float comparable(double value) {
-  constexpr double limit = 0x1.ffffffp127;
-  if (value >= limit) return std::numeric_limits<float>::infinity();
-  if (value <= -limit) return -std::numeric_limits<float>::infinity();
-  return static_cast<float>(value);
+// A variable of the open data set of which it is known that the file still has it with its
+// catalogued number of dimensions. The library takes a variable's rank from the file, and the file
+// may have been replaced since it was catalogued.
+struct Known {
+  int64_t opening = 0;
+  int32_t variableId = -1;
+} known;
+
+void requireRank(int32_t ncfId, int32_t variableId, int32_t rank) {
+  if (known.opening == openings() && known.variableId == variableId) return;
+  int found = 0;
+  checked(NetCDF::library.nc_inq_varndims(ncfId, variableId, &found));
+  if (found != rank) util::raise(util::kSubscript);
+  known = {openings(), variableId};
 }
 
 struct Request {
@@ -59,32 +70,39 @@ struct Request {
   util::OneBased<float>& output;
 };
 
+// Room for the raw values of a request; that of a column is no allocation.
+template <class Number>
+class RawValues {
+ public:
+  std::span<Number> room(int64_t elements) {
+    const auto size = static_cast<std::size_t>(elements);
+    if (size <= few_.size()) return std::span(few_).first(size);
+    if (many_.size() < size) many_.resize(size);
+    return std::span(many_).first(size);
+  }
+
+ private:
+  std::array<Number, 512> few_;
+  std::vector<Number> many_;
+};
+
 template <class Number>
 int32_t readScaled(int (*read)(int, int, const std::size_t*, const std::size_t*,
                                const std::ptrdiff_t*, Number*),
                    const Request& request) {
   const Hyperslab slab = hyperslabOf(request.variable, request.output.size());
-  // The file may have been replaced since it was catalogued, and the library takes a variable's
-  // rank from the file.
-  int rank = 0;
-  checked(NetCDF::library.nc_inq_varndims(request.ncfId, request.variableId, &rank));
-  if (rank != request.variable.NDims) util::raise(util::kSubscript);
-  std::vector<Number> raw;
-  const double threshold = request.variable.Missing * kMissingShare;
+  requireRank(request.ncfId, request.variableId, request.variable.NDims);
+  const Conversion how{request.variable.Missing * kMissingShare, request.variable.Scale,
+                       request.variable.Offset, request.replacement};
+  RawValues<Number> raw;
   int32_t accepted = 0;
   float* place = request.output.data();
   forEachPiece(slab, kMostPerRequest, [&](const Hyperslab& piece, int64_t elements) {
-    raw.resize(static_cast<std::size_t>(elements));
+    const std::span<Number> numbers = raw.room(elements);
     checked(read(request.ncfId, request.variableId, piece.start.data(), piece.count.data(),
-                 piece.stride.data(), raw.data()));
-    for (const Number number : raw) {
-      const auto value = static_cast<double>(number);
-      float& stored = *place++;
-      stored = request.replacement;
-      if (!isAccepted(value, threshold)) continue;
-      stored = util::storeSingle(value * request.variable.Scale + request.variable.Offset);
-      ++accepted;
-    }
+                 piece.stride.data(), numbers.data()));
+    accepted += convert(numbers, how, place);
+    place += elements;
   });
   return accepted;
 }
@@ -118,11 +136,7 @@ int32_t readVariable(int32_t ncfId, int32_t nvar_it, float replacement,
 
 }  // namespace
 
-bool isAccepted(double raw, double threshold) {
-  if (threshold == 0) return true;
-  const float limit = comparable(threshold);
-  return threshold < 0 ? comparable(raw) > limit : comparable(raw) < limit;
-}
+bool isAccepted(double raw, double threshold) { return Acceptance(threshold)(raw); }
 
 int32_t nc_get_varas_any(int32_t ncfId, int32_t nvar_it, float replacement,
                          util::OneBased<float>& output, int32_t tcount) {

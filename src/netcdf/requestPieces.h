@@ -1,9 +1,11 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
-#include <vector>
+
+#include "netcdf/ncf.h"
 
 // Splitting of large requests to the library.
 namespace ocxNetNc {
@@ -13,10 +15,14 @@ namespace ocxNetNc {
 // servers refuse large requests too.
 inline constexpr int64_t kMostPerRequest = int64_t{1} << 20;
 
-// A hyperslab as the library takes it; the three lists have one entry a dimension.
+// A hyperslab as the library takes it; the first `rank` entries of the lists count, one a dimension.
 struct Hyperslab {
-  std::vector<std::size_t> start, count;
-  std::vector<std::ptrdiff_t> stride;
+  template <class Number>
+  using List = std::array<Number, kDimensionLimit>;
+
+  std::size_t rank = 0;
+  List<std::size_t> start{}, count{};
+  List<std::ptrdiff_t> stride{};
 };
 
 // Calls read(piece, elements) for pieces of the hyperslab, whose counts are all at least 1, of
@@ -26,7 +32,7 @@ template <class Read>
 void forEachPiece(const Hyperslab& slab, int64_t most, const Read& read) {
   // A piece is a run along the first dimension of which a single step is not too large; the
   // dimensions before it are taken step by step.
-  std::size_t along = slab.count.size();
+  std::size_t along = slab.rank;
   int64_t step = 1;  // elements of a single step along that dimension
   while (along > 0) {
     --along;
@@ -36,11 +42,11 @@ void forEachPiece(const Hyperslab& slab, int64_t most, const Read& read) {
   }
 
   Hyperslab piece = slab;
-  if (slab.count.empty()) {
+  if (slab.rank == 0) {
     read(piece, int64_t{1});
     return;
   }
-  std::vector<std::size_t> at(along + 1, 0);
+  Hyperslab::List<std::size_t> at{};
   const auto run = static_cast<std::size_t>(std::max<int64_t>(most / step, 1));
   for (;;) {
     for (std::size_t d = 0; d <= along; ++d) {

@@ -17,11 +17,13 @@ namespace {
 // The name of the data set that was opened last, and the advice of the last failure.
 std::string openedName;
 std::string advice;
+int64_t opened = 0;
 
 void openWithLibrary(const std::string& name) {
   int id = -1;
   checked(NetCDF::library.nc_open(name.c_str(), NC_NOWRITE, &id));
   ncf.NcId = id;
+  ++opened;
 }
 
 }  // namespace
@@ -86,6 +88,8 @@ int32_t NcReopen(int32_t mode) {
   });
   return result < 0 ? -1 : 1;
 }
+
+int64_t openings() { return opened; }
 
 bool isOpen() { return ncf.NcId >= 0; }
 

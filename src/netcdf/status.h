@@ -29,6 +29,9 @@ void NcClose();
 // its data.
 void openDataSet(const std::string& name);
 
+// How often a data set has been opened, this time included.
+int64_t openings();
+
 // Opens ncf.NcFileName (mode 1) or ncf.NcAltFileName (mode 2) again, read-only. Result 1 when
 // the data set is open afterwards, else -1; a refusal is shown and set as LastError. An empty
 // name does nothing.

@@ -1,5 +1,6 @@
 #include "netcdf/wholeVariable.h"
 
+#include <algorithm>
 #include <array>
 
 #include "netcdf/NetCDF.h"
@@ -36,8 +37,10 @@ void readWhole(const Readers<Number>& readers, int32_t variable, std::size_t cou
     keepAll();
     return;
   }
-  const Hyperslab all{std::vector<std::size_t>(shape.size(), 0), shape,
-                      std::vector<std::ptrdiff_t>(shape.size(), 1)};
+  Hyperslab all;
+  all.rank = shape.size();
+  std::ranges::copy(shape, all.count.begin());
+  all.stride.fill(1);
   forEachPiece(all, kMostPerRequest, [&](const Hyperslab& piece, int64_t elements) {
     raw.resize(static_cast<std::size_t>(elements));
     checked(readers.part(ncf.NcId, variable - 1, piece.start.data(), piece.count.data(),
@@ -54,7 +57,8 @@ std::vector<std::size_t> requireElements(int32_t variable, int64_t count) {
   const NetCDF::EntryPoints& library = NetCDF::library;
   int rank = 0;
   checked(library.nc_inq_varndims(ncf.NcId, variable - 1, &rank));
-  std::array<int, NC_MAX_VAR_DIMS> dimIds{};
+  if (rank > kDimensionLimit) util::raise(util::kSubscript);
+  std::array<int, kDimensionLimit> dimIds{};
   checked(library.nc_inq_vardimid(ncf.NcId, variable - 1, dimIds.data()));
   std::vector<std::size_t> shape;
   double elements = 1;

@@ -11,8 +11,8 @@
 namespace ocxNetNc {
 
 // The lengths of a variable's dimensions (number from 1) in the file as it is now. Run-time error
-// 9 unless it has exactly so many elements: the library fills the whole shape whatever the room.
-// More than kMostElements is error 7.
+// 9 unless it has exactly so many elements, in no more dimensions than a variable may have: the
+// library fills the whole shape whatever the room. More than kMostElements is error 7.
 std::vector<std::size_t> requireElements(int32_t variable, int64_t count);
 
 // The length of a dimension (identifier from 0).

@@ -4,6 +4,7 @@
 
 #include "netcdf/identify.h"
 #include "netcdf/ncf.h"
+#include "netcdf/readAhead.h"
 #include "netcdf/reader.h"
 #include "netcdf/status.h"
 #include "platform/Desktop.h"
@@ -105,11 +106,18 @@ void startAt(const Axes& axes, Cell cell) {
   NcStart[axes.lat] = cell.j - 1;
 }
 
-void keep(DrawItem& item, int32_t c, int32_t k, float value) {
-  section_values.store(c, k, value);
-  if (!isValue(value)) return;
-  item.maximum = ocxMinmax::Max2(item.maximum, value);
-  item.minimum = ocxMinmax::Min2(item.minimum, value);
+// Every value counts for the extremes, column after column: of zeros with different signs the last
+// one stays.
+void countColumn(DrawItem& item, int32_t c) {
+  float maximum = item.maximum;
+  float minimum = item.minimum;
+  for (const float value : section_values.column(c)) {
+    if (!isValue(value)) continue;
+    maximum = ocxMinmax::Max2(maximum, value);
+    minimum = ocxMinmax::Min2(minimum, value);
+  }
+  item.maximum = maximum;
+  item.minimum = minimum;
 }
 
 // Reads the hyperslab as it is set up; false, with a message, when the reader refuses.
@@ -122,13 +130,36 @@ bool readHyperslab(int32_t nvar_it, util::OneBased<float>& values) {
   return false;
 }
 
+// The reads of a general path, one a column, for who can make them quicker by knowing them.
+NetCDF::ComingReads comingReads(int32_t nvar_it, const Axes& axes) {
+  NetCDF::ComingReads reads;
+  reads.ncid = ncf.NcId;
+  reads.varid = nvar_it - 1;
+  reads.rank = NcStart.size();
+  for (std::size_t d = 0; d < reads.rank; ++d) {
+    reads.start[d] = static_cast<std::size_t>(NcStart[d]);
+    reads.count[d] = static_cast<std::size_t>(NcCount[d]);
+  }
+  const bool lonFirst = axes.lon < axes.lat;
+  reads.places.reserve(static_cast<std::size_t>(section_values.ncols()));
+  for (int32_t c = 1; c <= section_values.ncols(); ++c) {
+    const Cell cell = section.column_cells(c);
+    const auto i = static_cast<std::size_t>(cell.i - 1);
+    const auto j = static_cast<std::size_t>(cell.j - 1);
+    reads.places.push_back(lonFirst ? NetCDF::Place{i, j} : NetCDF::Place{j, i});
+  }
+  return reads;
+}
+
 // A general path: one read a column.
 bool readColumns(int32_t nvar_it, const Axes& axes, DrawItem& item) {
+  const NetCDF::Announced announced(comingReads(nvar_it, axes));
   util::OneBased<float> values;
   for (int32_t c = 1; c <= section_values.ncols(); ++c) {
     startAt(axes, section.column_cells(c));
     if (!readHyperslab(nvar_it, values)) return false;
-    for (int32_t k = 1; k <= section_values.nlevels(); ++k) keep(item, c, k, values(k));
+    section_values.storeColumn(c, {values.begin(), values.end()});
+    countColumn(item, c);
   }
   return true;
 }
@@ -141,11 +172,8 @@ bool readRow(int32_t nvar_it, const Axes& axes, DrawItem& item) {
   NcCount[section.section_kind == kSameLatitude ? axes.lon : axes.lat] = ncols;
   util::OneBased<float> values;
   if (!readHyperslab(nvar_it, values)) return false;
-  for (int32_t c = 1; c <= ncols; ++c) {
-    for (int32_t k = 1; k <= section_values.nlevels(); ++k) {
-      keep(item, c, k, values(static_cast<int64_t>(k - 1) * ncols + c));
-    }
-  }
+  section_values.storeLevels({values.begin(), values.end()});
+  for (int32_t c = 1; c <= ncols; ++c) countColumn(item, c);
   return true;
 }
 

@@ -1,4 +1,7 @@
 #include "section/sectionValues.h"
+
+#include <algorithm>
+
 #include "util/RuntimeError.h"
 #include "util/rounding.h"
 
@@ -23,6 +26,38 @@ void SectionGrid::store(int32_t c, int32_t k, float value) {
   const std::size_t at = place(c, k);
   values_[at] = value;
   marks_[at] = isValue(value) ? 1 : 0;
+}
+
+void SectionGrid::markValues(std::size_t first, std::size_t count) {
+  const float* const values = values_.data() + first;
+  int16_t* const marks = marks_.data() + first;
+  for (std::size_t n = 0; n < count; ++n) marks[n] = isValue(values[n]) ? 1 : 0;
+}
+
+void SectionGrid::storeColumn(int32_t c, std::span<const float> column) {
+  const std::size_t first = place(c, 1);
+  if (column.size() != static_cast<std::size_t>(nlevels_)) util::raise(util::kSubscript);
+  std::ranges::copy(column, values_.begin() + static_cast<std::ptrdiff_t>(first));
+  markValues(first, column.size());
+}
+
+void SectionGrid::storeLevels(std::span<const float> levels) {
+  if (levels.size() != values_.size()) util::raise(util::kSubscript);
+  // A handful of columns at a time: both sides stay in the processor's cache.
+  constexpr std::size_t kTogether = 16;
+  const auto columns = static_cast<std::size_t>(ncols_);
+  const auto depth = static_cast<std::size_t>(nlevels_);
+  for (std::size_t first = 0; first < columns; first += kTogether) {
+    const std::size_t end = std::min(first + kTogether, columns);
+    for (std::size_t k = 0; k < depth; ++k) {
+      for (std::size_t c = first; c < end; ++c) values_[c * depth + k] = levels[k * columns + c];
+    }
+  }
+  markValues(0, values_.size());
+}
+
+std::span<const float> SectionGrid::column(int32_t c) const {
+  return std::span(values_).subspan(place(c, 1), static_cast<std::size_t>(nlevels_));
 }
 
 double SectionGrid::depth(int32_t k) const {

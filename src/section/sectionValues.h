@@ -37,6 +37,13 @@ class SectionGrid {
   std::span<const int16_t> marks() const { return marks_; }
   // Stores a value and marks it.
   void store(int32_t c, int32_t k, float value);
+  // Stores the values of a column, one a level, and marks them.
+  // Another number of values is error 9.
+  void storeColumn(int32_t c, std::span<const float> column);
+  // The same for all columns at once; the values of a level stand side by side.
+  void storeLevels(std::span<const float> levels);
+  // The values of a column, valid until the next size().
+  std::span<const float> column(int32_t c) const;
 
   std::vector<double> depths;   // depth of level k at [k], k = 0..nlevels; [0] is never drawn
   float section_depth_max = 0;  // the deepest level
@@ -46,6 +53,7 @@ class SectionGrid {
 
  private:
   std::size_t place(int32_t c, int32_t k) const;
+  void markValues(std::size_t first, std::size_t count);
   int32_t ncols_ = 0, nlevels_ = 0;
   std::vector<float> values_;  // levels of a column side by side
   std::vector<int16_t> marks_;

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <utility>
 #include <vector>
@@ -13,8 +14,18 @@ using ocxNetNc::Hyperslab;
 using Sizes = std::vector<std::size_t>;
 using Pieces = std::vector<std::pair<Sizes, Sizes>>;  // start and count of each
 
-Hyperslab slabOf(Sizes start, Sizes count, std::vector<std::ptrdiff_t> stride) {
-  return {std::move(start), std::move(count), std::move(stride)};
+Hyperslab slabOf(const Sizes& start, const Sizes& count, const std::vector<std::ptrdiff_t>& stride) {
+  Hyperslab slab;
+  slab.rank = count.size();
+  std::ranges::copy(start, slab.start.begin());
+  std::ranges::copy(count, slab.count.begin());
+  std::ranges::copy(stride, slab.stride.begin());
+  return slab;
+}
+// As many of a list's entries as there are dimensions.
+template <class List>
+Sizes listed(const List& list, std::size_t rank) {
+  return {list.begin(), list.begin() + static_cast<std::ptrdiff_t>(rank)};
 }
 Hyperslab slabOf(const Sizes& count) {
   return slabOf(Sizes(count.size(), 0), count, std::vector<std::ptrdiff_t>(count.size(), 1));
@@ -24,11 +35,13 @@ Pieces piecesOf(const Hyperslab& slab, int64_t most) {
   Pieces pieces;
   forEachPiece(slab, most, [&](const Hyperslab& piece, int64_t elements) {
     int64_t product = 1;
-    for (const std::size_t count : piece.count) product *= static_cast<int64_t>(count);
+    for (const std::size_t count : listed(piece.count, piece.rank)) {
+      product *= static_cast<int64_t>(count);
+    }
     EXPECT_EQ(product, elements);
     EXPECT_LE(elements, most);
     EXPECT_EQ(piece.stride, slab.stride);
-    pieces.emplace_back(piece.start, piece.count);
+    pieces.emplace_back(listed(piece.start, piece.rank), listed(piece.count, piece.rank));
   });
   return pieces;
 }
@@ -57,7 +70,8 @@ TEST(RequestPieces, HaveOneElementForAScalar) {
 
 // What must hold of every split: the pieces together are all elements, in their order.
 TEST(RequestPieces, FollowTheOrderOfTheValues) {
-  const std::vector<Sizes> shapes = {{1}, {9}, {1, 7}, {3, 1, 4}, {2, 3, 5}, {4, 1, 1, 6}, {2, 2, 2, 2, 3}};
+  const std::vector<Sizes> shapes = {{1}, {9}, {1, 7}, {3, 1, 4}, {2, 3, 5}, {4, 1, 1, 6},
+                                     {2, 2, 2, 2, 3}};
   for (const Sizes& shape : shapes) {
     for (int64_t most = 1; most <= 50; ++most) {
       std::vector<std::size_t> order;
@@ -87,7 +101,7 @@ TEST(RequestPieces, CountWithoutOverflow) {
   const std::size_t large = std::size_t{1} << 30;
   try {
     forEachPiece(slabOf({large, large, 4}), 1 << 20, [&](const Hyperslab& piece, int64_t elements) {
-      EXPECT_EQ(piece.count, (Sizes{1, std::size_t{1} << 18, 4}));
+      EXPECT_EQ(listed(piece.count, 3), (Sizes{1, std::size_t{1} << 18, 4}));
       EXPECT_EQ(elements, 1 << 20);
       if (++pieces == 3) throw pieces;
     });
