@@ -13,7 +13,7 @@ namespace {
 constexpr auto kSlowest = std::chrono::milliseconds(100);
 
 // "0.25", "3.1", "42": two digits, more only before the point.
-std::string paceText(double perSecond) {
+std::string paceText(double perSecond, const std::string& unit) {
   const double hundredths = std::min(std::round(perSecond * 100.0), 1e9);
   const int64_t whole = static_cast<int64_t>(hundredths) / 100;
   const int64_t rest = static_cast<int64_t>(hundredths) % 100;
@@ -23,7 +23,7 @@ std::string paceText(double perSecond) {
   } else if (whole < 10) {
     text += "." + std::to_string(rest / 10);
   }
-  return text + " frames/s";
+  return text + " " + unit + "s/s";
 }
 
 std::string twoDigits(int64_t number) { return (number < 10 ? "0" : "") + std::to_string(number); }
@@ -45,7 +45,8 @@ std::string barOf(double share, int32_t width) {
 
 }  // namespace
 
-std::string progressText(int32_t done, int32_t total, double seconds, int32_t width) {
+std::string progressText(int32_t done, int32_t total, double seconds, int32_t width,
+                         const std::string& unit) {
   constexpr int32_t kLeastBar = 10, kMostBar = 40;
   const double share = total > 0 ? static_cast<double>(done) / total : 1.0;
   const std::string percent = std::to_string(static_cast<int32_t>(share * 100.0)) + "%";
@@ -57,16 +58,17 @@ std::string progressText(int32_t done, int32_t total, double seconds, int32_t wi
   const auto append = [&](const std::string& part) {
     if (fits(part.size())) text += part;
   };
-  append("  frame " + std::to_string(done) + " of " + std::to_string(total));
+  append("  " + unit + " " + std::to_string(done) + " of " + std::to_string(total));
   if (done > 0 && seconds > 0.0) {
-    append("  " + paceText(done / seconds));
+    append("  " + paceText(done / seconds, unit));
     append("  " + clockText(seconds / done * (total - done)) + " left");
   }
   const int32_t room = width - static_cast<int32_t>(text.size()) - 3;
   return room < kLeastBar ? text : barOf(share, std::min(room, kMostBar)) + text;
 }
 
-ProgressBar::ProgressBar(int32_t total) : total_(total) {
+ProgressBar::ProgressBar(int32_t total, std::string unit)
+    : total_(total), unit_(std::move(unit)) {
   if (errorsGoToATerminal()) signals_.emplace();
 }
 
@@ -81,7 +83,7 @@ void ProgressBar::show(int32_t done) {
   shown_ = now;
   const double seconds = std::chrono::duration<double>(now - start_).count();
   // The last character of a line is left free: some terminals would go on to the next.
-  writeToErrors(kClearLine + progressText(done, total_, seconds, errorsWidth() - 1));
+  writeToErrors(kClearLine + progressText(done, total_, seconds, errorsWidth() - 1, unit_));
 }
 
 }  // namespace cli

@@ -1,6 +1,9 @@
 #include "commandLine.h"
 
 #include <algorithm>
+#include <map>
+
+#include "netcdf/remoteName.h"
 
 namespace cli {
 namespace {
@@ -106,6 +109,13 @@ void checkSize(const PictureRequest& request) {
   throw CLI::ExtrasError(text, CLI::ExitCodes::ExtrasError);
 }
 
+// The command as it was typed, for the history of what it makes.
+std::string commandText(int argc, const char* const* argv) {
+  std::string text = "kelvane";
+  for (int at = 1; at < argc; ++at) text += " " + ocxNetNc::withoutCredentials(argv[at]);
+  return text;
+}
+
 }  // namespace
 
 CommandLine::CommandLine()
@@ -119,6 +129,7 @@ CommandLine::CommandLine()
   defineAnimate();
   defineValues();
   defineKey();
+  defineFit();
 }
 
 void CommandLine::defineInfo() {
@@ -170,12 +181,53 @@ void CommandLine::defineKey() {
   key_->add_flag("--json", keyJson_, "List as JSON");
 }
 
+void CommandLine::defineFit() {
+  fit_ = app_.add_subcommand("fit", "Write a copy of a data set that can be drawn");
+  fit_->add_option("in", fitRequest_.input, kDataSetHelp)->required()->type_name("");
+  fit_->add_option("out", fitRequest_.output, "The copy, a netCDF file; replaced if it exists")
+      ->required()
+      ->type_name("");
+  addRead(*fit_, "--vars", "A,B", fitRequest_.variables, fit::readNames,
+          "names with commas between them", "Copy these variables and what belongs to them");
+  addRead(*fit_, "--times", "A:B", fitRequest_.steps, readSteps,
+          "a range of time steps like 3:9, 3:, :9 or 3, counted from 1",
+          "Time steps, both included; also A:, :B or A alone (default: all)");
+  addRead(*fit_, "--box", "W,S,E,N", fitRequest_.box, fit::readBox,
+          "a box like -80,20,-10,60: west, south, east, north in degrees",
+          "Cut to a box; the longitudes run from W eastward to E");
+  fit_->add_option_function<std::vector<std::string>>(
+          "--select",
+          [this](const std::vector<std::string>& texts) {
+            for (const std::string& text : texts) {
+              store("--select", text, fitRequest_.selected.emplace_back(), fit::readSelected,
+                    "a dimension and an index from 1, like run=2");
+            }
+          },
+          "Take one index of a dimension that is no axis; may be given again")
+      ->type_name("DIM=N")
+      ->expected(1)
+      ->take_all();
+  CLI::Option* grid = addRead(*fit_, "--grid", "DX,DY", fitRequest_.grid, fit::readSpacing,
+                              "a spacing in degrees like 0.25 or 0.25,0.2",
+                              "Put everything on a regular grid of this spacing, degrees");
+  fit_->add_option("--method", fitRequest_.method,
+                   "How to find values on that grid: nearest (default) or bilinear")
+      ->transform(CLI::CheckedTransformer(
+          std::map<std::string, fit::Method>{{"nearest", fit::Method::Nearest},
+                                             {"bilinear", fit::Method::Bilinear}})
+                      .description(""))
+      ->type_name("NAME")
+      ->needs(grid);
+  fit_->footer("Example: kelvane fit era5.nc fitted.nc --vars t,u --box -80,20,-10,60");
+}
+
 void CommandLine::parse(int argc, const char* const* argv) {
   try {
     app_.parse(argc, argv);
   } catch (const CLI::ExtrasError&) {
     refuseExtras(app_.remaining(true), argc, argv);
   }
+  if (fit_->parsed()) fitRequest_.commandText = commandText(argc, argv);
   if (draw_->parsed()) checkSize(drawRequest_.picture);
   if (animate_->parsed()) checkSize(animateRequest_.picture);
 }
@@ -185,6 +237,7 @@ void CommandLine::run() const {
   if (draw_->parsed()) draw(drawRequest_);
   if (animate_->parsed()) animate(animateRequest_);
   if (values_->parsed()) values(valuesRequest_);
+  if (fit_->parsed()) fitDataSet(fitRequest_);
   if (key_->parsed()) listKeys(keyFile_, keyJson_ ? KeyForm::Json : KeyForm::Text);
 }
 

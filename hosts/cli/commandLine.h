@@ -5,6 +5,7 @@
 
 #include "animateCommand.h"
 #include "drawCommand.h"
+#include "fitCommand.h"
 #include "infoCommand.h"
 #include "keyCommand.h"
 #include "valuesCommand.h"
@@ -33,6 +34,7 @@ class CommandLine {
   void defineAnimate();
   void defineValues();
   void defineKey();
+  void defineFit();
 
   CLI::App app_;
   CLI::App* info_ = nullptr;
@@ -40,11 +42,13 @@ class CommandLine {
   CLI::App* animate_ = nullptr;
   CLI::App* values_ = nullptr;
   CLI::App* key_ = nullptr;
+  CLI::App* fit_ = nullptr;
   std::string infoDataSet_;
   bool infoJson_ = false;
   DrawRequest drawRequest_;
   AnimateRequest animateRequest_;
   ValuesRequest valuesRequest_;
+  fit::Request fitRequest_;
   std::string keyFile_;
   bool keyJson_ = false;
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <csignal>
+#include <string>
 
 namespace cli {
 
@@ -26,6 +27,19 @@ class SignalsClearLine {
   ~SignalsClearLine();
   SignalsClearLine(const SignalsClearLine&) = delete;
   SignalsClearLine& operator=(const SignalsClearLine&) = delete;
+};
+
+// While one exists the three signals first remove a file, then end the program as they always do.
+// One at a time.
+class SignalsRemoveFile {
+ public:
+  explicit SignalsRemoveFile(const std::string& path);
+  ~SignalsRemoveFile();
+  SignalsRemoveFile(const SignalsRemoveFile&) = delete;
+  SignalsRemoveFile& operator=(const SignalsRemoveFile&) = delete;
+
+  // The file is finished: it stays.
+  void forget();
 };
 
 // What clears the line that the cursor stands in.
