@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Makes the tables of a run of the benchmarks.
 
-    report.py [--markdown] FOLDER
+    report.py [--markdown] [--only-peers] FOLDER
 
 FOLDER holds what the run left: benchmarks-*.json, processes.json, windows.json, peers.json;
 tables of what is not there are left out. With --markdown the tables are a document, which begins
@@ -63,9 +63,13 @@ def markdown(tables):
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("--markdown", action="store_true")
+    parser.add_argument("--only-peers", action="store_true")
     parser.add_argument("folder", type=Path)
     arguments = parser.parse_args()
-    tables, errors = all_tables(arguments.folder)
+    if arguments.only_peers:
+        tables, errors = peers.tables(arguments.folder / "peers.json"), {}
+    else:
+        tables, errors = all_tables(arguments.folder)
     if arguments.markdown:
         print(markdown(tables), end="")
     else:
