@@ -17,7 +17,7 @@ NATIVE_PACKAGES=(
   dpkg-dev g++-mingw-w64-i686-posix g++-mingw-w64-x86-64-posix mingw-w64-tools patchelf
   xz-utils
   # Real data and its tools, and locales with other decimal separators, for the tests
-  ferret-datasets locales netcdf-bin python3
+  ferret-datasets locales netcdf-bin python3 python3-jsonschema
   # Compilers for samples of other hosts: C#, and Pascal with what makes it one for Windows
   fp-compiler fpc-source libmono-microsoft-csharp4.0-cil libmono-system-drawing4.0-cil
   libmono-system-windows-forms4.0-cil mono-mcs

@@ -117,7 +117,7 @@ Check checkDeepest(const SetHeader& header, const Recognition& found) {
   const std::string& name = variableOf(header, found.vertical).name;
   const std::string last = generalText(levels.back());
   std::optional<Evidence> against;
-  if (std::fabs(levels.back()) < leastHeight || !std::isfinite(levels.back())) {
+  if (std::fabs(levels.back()) < leastHeight) {
     against = Evidence{quoted(name) + " ends at " + last + ": the picture has no height", name,
                        last, "last value of the variable"};
   }

@@ -4,7 +4,9 @@
 
 #include "failures.h"
 #include "netcdf/ncf.h"
+#include "section/drawItems.h"
 #include "section/sectionPath.h"
+#include "section/sectionValues.h"
 #include "sectionRequest.h"
 
 namespace cli::diagnosis {
@@ -46,6 +48,12 @@ Trial tryShortSection(control::KelvaneCtl& control, TerminalDesktop& desktop,
   }
   trial.item = shownName();
   trial.columns = KelvaneMain::section.ncols;
+  // The drawing would go on with what is held and leave another message.
+  const platform::DesktopScope scope(desktop);
+  if (KelvaneMain::ReadVSData(KelvaneMain::VarShown, 1) < 0) {
+    trial.message = control.ErrorMessage();
+    return trial;
+  }
   try {
     trial.message = shortfallOf(control, desktop, [&] { control.Draw(); });
   } catch (const Failure& failure) {

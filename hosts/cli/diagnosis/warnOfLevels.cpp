@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cmath>
 #include <functional>
 
 #include "diagnosis/checkList.h"
@@ -23,6 +24,10 @@ bool isMetres(const std::string& units) {
 
 void warnOfOrder(const std::string& name, const std::vector<double>& levels,
                  std::vector<Warning>& warnings) {
+  if (!std::ranges::all_of(levels, [](double level) { return std::isfinite(level); })) {
+    warn(warnings, "levels-unknown", name, "some of its values are no numbers: nothing is drawn there");
+    return;
+  }
   const std::string ends = util::generalText(levels.front()) + " to " +
                            util::generalText(levels.back());
   if (levels.size() > 1 && std::ranges::is_sorted(levels, std::greater_equal<>())) {

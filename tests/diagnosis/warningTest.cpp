@@ -1,0 +1,135 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <limits>
+
+#include "MadeSet.h"
+#include "diagnosis/diagnose.h"
+#include "support/TempFolder.h"
+#include "support/sampleSets.h"
+
+namespace diagnosis_test {
+namespace {
+
+using namespace cli::diagnosis;
+using support::NcMaker;
+
+struct Case {
+  const char* kind;
+  MadeSet set;
+  const char* name;  // of the variable that it is about
+  const char* said;  // a part of the text
+};
+
+class Warnings : public testing::Test {
+ protected:
+  ~Warnings() override { support::resetState(); }
+
+  std::vector<Warning> of(const MadeSet& set) {
+    set.make(folder.file("set.nc"));
+    support::resetState();
+    return examine(folder.file("set.nc")).diagnosis.warnings;
+  }
+
+  support::TempFolder folder;
+};
+
+TEST_F(Warnings, AreNotGivenWithoutReason) {
+  for (const Warning& warning : of({})) ADD_FAILURE() << warning.kind << ": " << warning.text;
+}
+
+std::function<void(NcMaker&, int)> number(const char* name, double value) {
+  return [=](NcMaker& nc, int item) { nc.number(item, name, NC_FLOAT, {value}); };
+}
+
+TEST_F(Warnings, AreGivenForEverythingThatSurprises) {
+  const auto calendar = [](NcMaker& nc, int) { nc.text(0, "calendar", "noleap"); };
+  const auto positive = [](NcMaker& nc, int) { nc.text(1, "positive", "up"); };
+  const auto twoMarks = [](NcMaker& nc, int item) {
+    nc.number(item, "_FillValue", NC_FLOAT, {1e20});
+    nc.number(item, "missing_value", NC_FLOAT, {1e30});
+  };
+  const auto twoUnits = [](NcMaker& nc, int) { nc.text(0, "units_metadata", "leap: none"); };
+  const auto unsignedBytes = [](NcMaker& nc, int item) { nc.text(item, "_Unsigned", "true"); };
+  const auto range = [](NcMaker& nc, int item) { nc.number(item, "valid_range", NC_FLOAT, {0, 1}); };
+  const auto turned = [](NcMaker& nc, int) { nc.var("turned", NC_FLOAT, {0, 1, 3, 2}); };
+  const auto packed = [](NcMaker& nc, int item) {
+    nc.number(item, "_FillValue", NC_SHORT, {-1000});
+    nc.number(item, "scale_factor", NC_DOUBLE, {-0.5});
+    nc.number(item, "add_offset", NC_DOUBLE, {10});
+  };
+  const auto more = [](const char* name) {
+    return [=](NcMaker& nc, int) { nc.var(name, NC_DOUBLE, {nc.dim("other", 2)}); };
+  };
+  const auto group = [](NcMaker& nc, int) {
+    int id = -1;
+    nc_def_grp(nc.id(), "forecast", &id);
+  };
+  const double nan = std::numeric_limits<double>::quiet_NaN();
+  const Case cases[] = {
+      {"no-origin", {.timeUnits = "days"}, "time", "count from 1899-12-30"},
+      {"unread-origin", {.timeUnits = "days since spring"}, "time", "`spring` is not read"},
+      {"two-digit-year", {.timeUnits = "days since 1-1-1"}, "time", "read as the year 2001"},
+      {"origin-clock", {.timeUnits = "hours since 2000-01-01 12:30:00"}, "time", "midnight"},
+      {"calendar", {.more = calendar}, "time", "`noleap` is not kept"},
+      {"month-axis", {.timeUnits = "months since 2000-01-01"}, "time", "it counts months"},
+      {"season-axis", {.timeUnits = "seasons"}, "time", "it counts seasons"},
+      {"unknown-time-unit", {.timeUnits = "years since 2000-01-01"}, "time", "`years`"},
+      {"other-time", {.more = more("time_run")}, "time", "`time_run` is not"},
+      {"levels-upward", {.levels = {200, 50, 10}}, "depth", "200 to 10"},
+      {"levels-unsorted", {.levels = {0, 200, 100}}, "depth", "do not rise"},
+      {"levels-unknown", {.levels = {0, nan, 100}}, "depth", "no numbers"},
+      {"negative-levels", {.levels = {-200, -50, -10}}, "depth", "below 0"},
+      {"one-level", {.levels = {5}}, "depth", "a single row"},
+      {"sigma-levels", {.levelName = "sigma_t", .levelUnits = "1"}, "sigma_t", "fractions"},
+      {"pressure-levels", {.levelName = "level", .levelUnits = "hPa"}, "level", "pressures"},
+      {"level-units", {.levelUnits = "km"}, "depth", "`km`"},
+      {"positive-up", {.more = positive}, "depth", "heights"},
+      {"other-vertical", {.more = more("zeta_w")}, "depth", "`zeta_w` is not"},
+      {"longitudes-backward", {.lons = {15, 14, 13, 12}}, "lon", "falls 3 times"},
+      {"longitudes-beyond-180", {.lons = {280, 290, 300}}, "lon", "70 W is 290"},
+      {"longitudes-beyond-180", {.lons = {350, 0, 10}}, "lon", "from 350 to 370"},
+      {"uneven-spacing", {.lats = {0, 1, 2, 3, 50}}, "lat", "up to 3 cells"},
+      {"two-missing-values", {.more = twoMarks}, "q", "`missing_value` is 1E+30: only the second"},
+      {"nan-fill", {.more = number("_FillValue", nan)}, "q", "NaN"},
+      {"zero-fill", {.more = number("missing_value", 0)}, "q", "0 is drawn"},
+      {"near-fill", {.more = number("_FillValue", -999)}, "q", "-989.01 downwards"},
+      {"near-fill", {.more = number("_FillValue", 99)}, "q", "98.01 upwards"},
+      {"near-fill", {.itemType = NC_SHORT, .more = packed}, "q", "505 upwards"},
+      {"attribute-prefix", {.more = number("scale_min", 2)}, "q", "the scale factor"},
+      {"attribute-prefix", {.more = twoUnits}, "time", "taken for the units"},
+      {"text-values", {.itemType = NC_CHAR}, "q", "characters"},
+      {"unsigned-values", {.itemType = NC_BYTE, .more = unsignedBytes}, "q", "negative"},
+      {"valid-range", {.more = range}, "q", "not applied"},
+      {"mixed-order", {.more = turned}, "turned", "`lat`"},
+      {"cdf5", {.mode = NC_64BIT_DATA}, "", "64-bit programs"},
+      {"groups", {.mode = NC_NETCDF4, .more = group}, "", "1 group with 0 variables"},
+  };
+  for (const Case& made : cases) {
+    const std::vector<Warning> warnings = of(made.set);
+    const auto found = std::ranges::find(warnings, made.kind, &Warning::kind);
+    ASSERT_NE(found, warnings.end()) << made.kind;
+    EXPECT_NE(found->text.find(made.said), std::string::npos) << made.kind << ": " << found->text;
+    const std::string name = found->names.empty() ? "" : found->names.front();
+    EXPECT_EQ(name, made.name) << made.kind;
+  }
+}
+
+TEST_F(Warnings, FarAwayFillValuesTakeNothingElse) {
+  for (const double fill : {1e20, -1e34, 9.96921e36}) {
+    EXPECT_TRUE(of({.more = number("_FillValue", fill)}).empty()) << fill;
+  }
+}
+
+TEST_F(Warnings, OfTheSameKindAreToldOnce) {
+  const auto two = [](NcMaker& nc, int item) {
+    const int other = nc.var("r", NC_FLOAT, {0, 1, 2, 3});
+    for (const int variable : {item, other}) nc.number(variable, "_FillValue", NC_FLOAT, {-999});
+  };
+  const std::vector<Warning> warnings = of({.more = two});
+  ASSERT_EQ(warnings.size(), 1U);
+  EXPECT_EQ(warnings.front().names, (std::vector<std::string>{"q", "r"}));
+}
+
+}  // namespace
+}  // namespace diagnosis_test
