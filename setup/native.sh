@@ -5,8 +5,8 @@ NATIVE_PACKAGES=(
   # Tools of the builds
   build-essential ccache cmake ninja-build pkg-config
   # Libraries of the native build, of the command line and of the tests
-  googletest libbenchmark-dev libboost-dev libcairo2-dev libcli11-dev libgtest-dev libpugixml-dev
-  nlohmann-json3-dev
+  googletest libbenchmark-dev libboost-dev libcairo2-dev libcli11-dev libdeflate-dev libgtest-dev
+  libnanoflann-dev libpugixml-dev libudunits2-dev nlohmann-json3-dev
   # What our own netCDF stands on; any of curl's variants will do
   libcurl4-gnutls-dev zlib1g-dev
   # The protocol library of the DAP server that the tests talk to

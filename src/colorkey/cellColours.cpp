@@ -2,14 +2,19 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <queue>
 
 #include "colorkey/colorKey.h"
 #include "colorkey/rampColour.h"
+#include "colorkey/rampSteps.h"
 #include "util/RuntimeError.h"
 
 namespace ModColor {
 namespace {
+
+// From that many cells on a ramp's steps cost less than what they save.
+constexpr std::size_t kManyCells = 4096;
 
 // Divisions that hold any value at all, by their low bounds. Those with a bound that is no
 // number hold none.
@@ -35,12 +40,41 @@ std::vector<float> boundsOf(const std::vector<int32_t>& divisions) {
 
 }  // namespace
 
-// Sweeps over the bounds with the divisions that are open there, the first in key order on top;
-// one that has ended leaves when it comes to the top.
 KeyLookup::KeyLookup() {
   const int32_t held = std::min({ColorKey.low.size(), ColorKey.high.size(), ColorKey.color.size()});
   listsTooShort_ = ColorKey.nDivision > held;
-  const std::vector<int32_t> divisions = byLowBound(std::min(ColorKey.nDivision, held));
+  const int32_t count = std::min(ColorKey.nDivision, held);
+  if (!addInOrder(count)) sweep(count);
+  const platform::Colour white = platform::basicPalette(15);
+  std::vector<ColourSteps::Step> steps;
+  steps.reserve(stretches_.size());
+  for (const Stretch& stretch : stretches_) {
+    steps.push_back({stretch.from, stretch.covered ? stretch.colour : white});
+  }
+  steps_ = ColourSteps(white, steps);
+}
+
+// Keys mostly have their divisions one above the other. False when this one has not.
+bool KeyLookup::addInOrder(int32_t count) {
+  for (int32_t i = 1; i <= count; ++i) {
+    const float low = ColorKey.low(i), high = ColorKey.high(i);
+    if (!(low < high)) continue;
+    if (!stretches_.empty() && !(stretches_.back().from <= low)) {
+      stretches_.clear();
+      return false;
+    }
+    // Where the one before has ended this one begins.
+    if (!stretches_.empty() && stretches_.back().from == low) stretches_.pop_back();
+    stretches_.push_back({low, true, ColorKey.color(i)});
+    stretches_.push_back({high, false, 0});
+  }
+  return true;
+}
+
+// Sweeps over the bounds with the divisions that are open there, the first in key order on top;
+// one that has ended leaves when it comes to the top.
+void KeyLookup::sweep(int32_t count) {
+  const std::vector<int32_t> divisions = byLowBound(count);
   auto next = divisions.begin();
   std::priority_queue<int32_t, std::vector<int32_t>, std::greater<>> open;
   for (const float bound : boundsOf(divisions)) {
@@ -50,24 +84,44 @@ KeyLookup::KeyLookup() {
   }
 }
 
-platform::Colour KeyLookup::operator()(float value) const {
-  if (std::isnan(value)) return outside();
+// For a key whose count promises more divisions than there are: what no division holds would
+// be looked for among them.
+platform::Colour KeyLookup::search(float value) const {
   const auto behind = std::ranges::upper_bound(stretches_, value, {}, &Stretch::from);
-  if (behind == stretches_.begin() || !std::prev(behind)->covered) return outside();
+  if (std::isnan(value) || behind == stretches_.begin() || !std::prev(behind)->covered) {
+    util::raise(util::kSubscript);
+  }
   return std::prev(behind)->colour;
 }
 
-platform::Colour KeyLookup::outside() const {
-  if (listsTooShort_) util::raise(util::kSubscript);
-  return platform::basicPalette(15);
+CellColours::CellColours(std::size_t cells) {
+  if (bUseKey < 0) {
+    key_.emplace();
+  } else if (cells >= kManyCells && hasRampSteps()) {
+    ramp_.emplace(RampColour(std::numeric_limits<float>::lowest()), rampSteps());
+  }
 }
 
-CellColours::CellColours() {
-  if (bUseKey < 0) key_.emplace();
+platform::Colour CellColours::rampColour(float value) { return RampColour(valueFraction(value)); }
+
+void CellColours::lookUp(std::span<const float> values,
+                         std::span<platform::Colour> colours) const {
+  if (key_) {
+    key_->lookUp(values, colours);
+  } else if (ramp_) {
+    ramp_->lookUp(values, colours);
+  } else {
+    std::ranges::transform(values, colours.begin(), rampColour);
+  }
 }
 
-platform::Colour CellColours::operator()(float value) const {
-  return key_ ? (*key_)(value) : RampColour(valueFraction(value));
+bool CellColours::mayFail(float lowest) const {
+  if (key_) return key_->mayFail();
+  if (ValueSpan == 0.0F) return false;
+  if (!hasRampSteps()) return true;
+  const double fraction = (static_cast<double>(lowest) - static_cast<double>(ValueMin)) /
+                          static_cast<double>(ValueSpan);
+  return !(fraction > static_cast<double>(std::numeric_limits<float>::lowest()));
 }
 
 }  // namespace ModColor

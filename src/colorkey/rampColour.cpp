@@ -63,16 +63,16 @@ Channels schemeChannels(int32_t scheme, float fraction) {
   }
 }
 
-float directed(float t) {
+}  // namespace
+
+float rampFraction(float t) {
   if (RampDirection == 0) return t;
   if (RampDirection == 1) return util::storeSingle(1.0 - static_cast<double>(t));
   return 0.0F;
 }
 
-}  // namespace
-
 platform::Colour RampColour(float t) {
-  const float u = directed(t);
+  const float u = rampFraction(t);
   if (!(0.0F < u && u <= 1.0F)) return platform::basicPalette(15);
   const Channels channels = schemeChannels(bUseKey, u);
   return platform::rgb(util::roundToInteger(channels.r), util::roundToInteger(channels.g),

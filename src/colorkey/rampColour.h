@@ -10,6 +10,9 @@ extern int32_t RampDirection;  // 0 fraction as it is; 1 reversed; otherwise tak
 extern float ValueMin;         // value of fraction 0
 extern float ValueSpan;        // value range of fractions 0..1
 
+// A fraction as the ramp takes it, after RampDirection.
+float rampFraction(float t);
+
 // The built-in ramp that bUseKey selects, for a fraction t of the value range. White at 0, at
 // and below it, above 1 and for NaN.
 platform::Colour RampColour(float t);

@@ -11,12 +11,6 @@
 namespace platform {
 namespace {
 
-// Clipping comes before rounding, so that a corner far outside cannot overflow an integer.
-int32_t nearestPixel(float coordinate, int32_t size) {
-  const double clipped = std::clamp(static_cast<double>(coordinate), -1.0, size + 1.0);
-  return util::roundToLong(clipped);
-}
-
 // First and last pixel covered along one direction.
 std::pair<int32_t, int32_t> covered(float a, float b, int32_t size) {
   const int32_t first = nearestPixel(std::min(a, b), size);
@@ -32,6 +26,19 @@ void PictureBox::PrintAt(double x, double y, std::string_view text) {
   Print(text);
 }
 
+void PictureBox::Cells(const CellBoxes& cells) {
+  const auto x = cells.x(), y = cells.y();
+  for (int32_t level = 0; level < cells.levels(); ++level) {
+    const auto k = static_cast<std::size_t>(level);
+    for (int32_t column = 0; column < cells.columns(); ++column) {
+      const auto c = static_cast<std::size_t>(column);
+      if (const auto colour = cells.colour(column, level)) {
+        Box(x[c], y[k], x[c + 1], y[k + 1], *colour);
+      }
+    }
+  }
+}
+
 Colour basicPalette(int32_t entry) {
   static constexpr std::array<Colour, 16> kPalette = {
       rgb(0, 0, 0),       rgb(0, 0, 128),   rgb(0, 128, 0),   rgb(0, 128, 128),
@@ -40,6 +47,12 @@ Colour basicPalette(int32_t entry) {
       rgb(255, 0, 0),     rgb(255, 0, 255), rgb(255, 255, 0), rgb(255, 255, 255)};
   if (entry < 0 || entry >= static_cast<int32_t>(kPalette.size())) util::raise(util::kSubscript);
   return kPalette[static_cast<std::size_t>(entry)];
+}
+
+// Clipping comes before rounding, so that a corner far outside cannot overflow an integer.
+int32_t nearestPixel(float coordinate, int32_t size) {
+  const double clipped = std::clamp(static_cast<double>(coordinate), -1.0, size + 1.0);
+  return util::roundToLong(clipped);
 }
 
 PixelBox pixelBox(float x1, float y1, float x2, float y2, int32_t width, int32_t height) {

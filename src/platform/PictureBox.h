@@ -3,13 +3,10 @@
 #include <cstdint>
 #include <string_view>
 
-namespace platform {
+#include "platform/CellBoxes.h"
+#include "platform/colour.h"
 
-// A colour as red + 256 x green + 65536 x blue, each component 0..255.
-using Colour = int32_t;
-constexpr Colour rgb(int32_t red, int32_t green, int32_t blue) {
-  return red + 256 * green + 65536 * blue;
-}
+namespace platform {
 
 // The 16-colour basic palette of the drawing surface, entries 0..15; 0 is black, 15 white.
 // An entry outside is run-time error 9.
@@ -47,6 +44,9 @@ class PictureBox {
   virtual void Line(float x1, float y1, float x2, float y2, Colour colour) = 0;
   // A filled box, border and fill in the colour, both corners included.
   virtual void Box(float x1, float y1, float x2, float y2, Colour colour) = 0;
+  // The boxes of a grid of cells, painted in the grid's order. Surfaces of pixels need not paint
+  // each of them to look the same.
+  virtual void Cells(const CellBoxes& cells);
 
   // Prints one line of text (UTF-8) in ForeColor, its top left at (CurrentX, CurrentY); then
   // CurrentX = 0 and CurrentY is one text height lower.
@@ -80,6 +80,10 @@ struct Pictures {
   PictureBox& picSection;
   PictureBox& picContours;
 };
+
+// The pixel next to a coordinate, halves to even; -1 or size + 1 for all that lie farther
+// outside of a surface of size pixels. NaN is run-time error 6.
+int32_t nearestPixel(float coordinate, int32_t size);
 
 // The pixels that a box between two corners covers, both corners included: corners rounded to
 // the nearest pixel (halves to even) and clipped to a surface of width x height. Every surface

@@ -1,6 +1,6 @@
 #include <vector>
 
-#include "colorkey/cellColours.h"
+#include "render/SectionCells.h"
 #include "render/axes.h"
 #include "render/drawVSection.h"
 #include "render/plotFrame.h"
@@ -32,16 +32,7 @@ void DrawCellBlocks(PictureBox& surface) {
   for (int32_t k = 1; k <= nlevels; ++k) {
     levelY.push_back(WorldToSurface(plot.WorldX1, -grid.depth(k)).y);
   }
-  const ModColor::CellColours colourOf;
-  for (int32_t k = 1; k < nlevels; ++k) {
-    const float top = levelY[static_cast<std::size_t>(k - 1)];
-    const float bottom = levelY[static_cast<std::size_t>(k)];
-    for (int32_t i = 1; i <= ncols; ++i) {
-      if (grid.mark(i, k) == 0) continue;
-      const auto column = static_cast<std::size_t>(i);
-      surface.Box(edgeX[column - 1], top, edgeX[column], bottom, colourOf(grid.value(i, k)));
-    }
-  }
+  surface.Cells(SectionCells(grid, edgeX, levelY));
 }
 
 void DrawAxes(PictureBox& surface) {

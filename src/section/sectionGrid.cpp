@@ -18,6 +18,7 @@ void SectionGrid::size(int32_t ncols, int32_t nlevels) {
   std::vector<int16_t> marks(count, int16_t{0});
   values_.swap(values);
   marks_.swap(marks);
+  deepest_.clear();
   ncols_ = ncols;
   nlevels_ = nlevels;
 }
@@ -26,11 +27,13 @@ void SectionGrid::store(int32_t c, int32_t k, float value) {
   const std::size_t at = place(c, k);
   values_[at] = value;
   marks_[at] = isValue(value) ? 1 : 0;
+  deepest_.clear();
 }
 
 void SectionGrid::markValues(std::size_t first, std::size_t count) {
   const float* const values = values_.data() + first;
   int16_t* const marks = marks_.data() + first;
+  deepest_.clear();
   for (std::size_t n = 0; n < count; ++n) marks[n] = isValue(values[n]) ? 1 : 0;
 }
 
@@ -54,6 +57,18 @@ void SectionGrid::storeLevels(std::span<const float> levels) {
     }
   }
   markValues(0, values_.size());
+}
+
+std::span<const int32_t> SectionGrid::deepestValues() const {
+  if (!deepest_.empty() || empty()) return deepest_;
+  std::vector<int32_t> deepest(static_cast<std::size_t>(ncols_), 0);
+  const auto levels = static_cast<std::size_t>(nlevels_);
+  for (std::size_t c = 0; c < deepest.size(); ++c) {
+    std::size_t k = levels;
+    while (k > 0 && marks_[c * levels + k - 1] == 0) --k;
+    deepest[c] = static_cast<int32_t>(k);
+  }
+  return deepest_ = std::move(deepest);
 }
 
 std::span<const float> SectionGrid::column(int32_t c) const {

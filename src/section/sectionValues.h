@@ -35,6 +35,8 @@ class SectionGrid {
   // The whole grid, levels of a column side by side; valid until the next size().
   std::span<const float> values() const { return values_; }
   std::span<const int16_t> marks() const { return marks_; }
+  // Of each column the deepest level with a value, 0 where it has none; valid as long.
+  std::span<const int32_t> deepestValues() const;
   // Stores a value and marks it.
   void store(int32_t c, int32_t k, float value);
   // Stores the values of a column, one a level, and marks them.
@@ -57,6 +59,8 @@ class SectionGrid {
   int32_t ncols_ = 0, nlevels_ = 0;
   std::vector<float> values_;  // levels of a column side by side
   std::vector<int16_t> marks_;
+  // Found when it is first asked for, since a grid is drawn more often than read.
+  mutable std::vector<int32_t> deepest_;
 };
 
 // The grid held from the last read (section_values with its marks and depths).

@@ -8,8 +8,15 @@
 namespace util {
 namespace {
 
-// Halves to even without the processor's rounding mode, which belongs to the host.
+// Halves to even without the processor's rounding mode, which belongs to the host. Most values
+// are far inside of the integers' range, where the integer part is at hand in one step.
 double nearest(double value) {
+  if (std::fabs(value) < 1e9) {
+    const auto whole = static_cast<int32_t>(value);
+    const double rest = std::fabs(value - whole);
+    const bool away = rest > 0.5 || (rest == 0.5 && whole % 2 != 0);
+    return away ? whole + (value < 0.0 ? -1.0 : 1.0) : whole;
+  }
   const double below = std::floor(value);
   const double rest = value - below;
   if (rest > 0.5 || (rest == 0.5 && std::fmod(below, 2.0) != 0.0)) return below + 1.0;

@@ -10,6 +10,7 @@
 #include "platform/cairo/CairoPixelBox.h"
 #include "platform/cairo/CairoVectorBox.h"
 #include "platform/cairo/Lettering.h"
+#include "platform/cairo/pngPicture.h"
 #include "platform/drawableText.h"
 #include "platform/files.h"
 #include "util/rounding.h"
@@ -122,11 +123,9 @@ Pictures CairoPictures::pictures() {
 
 void CairoPictures::savePng(const std::string& path) const {
   if (!boxes_->pixels) throw std::logic_error("a picture of vectors cannot be saved as pixels");
-  cairo_surface_t* surface = boxes_->pixels->Picture1.surface();
-  if (surface == nullptr) refuseEmpty();
-  std::string bytes;
-  check(cairo_surface_write_to_png_stream(surface, append, &bytes));
-  writeWholeFile(path, bytes);
+  const PixelRows& pixels = boxes_->pixels->Picture1.pixels();
+  if (pixels.empty()) refuseEmpty();
+  writeWholeFile(path, pngPicture(pixels));
 }
 
 void CairoPictures::saveSvg(const std::string& path, const std::string& title) const {

@@ -13,13 +13,7 @@ namespace {
 
 using util::asDouble;
 
-// The pixel format has blue in the low byte, a colour has red there.
-uint32_t pixelOf(Colour colour) {
-  const auto bits = static_cast<uint32_t>(colour);
-  return 0xFF000000U | (bits & 0xFFU) << 16U | (bits & 0xFF00U) | (bits >> 16U & 0xFFU);
-}
-
-int32_t nearestPixel(float coordinate) {
+int32_t placeOf(float coordinate) {
   return util::roundToLong(std::clamp(asDouble(coordinate), -1e6, 1e6));
 }
 
@@ -37,11 +31,16 @@ void CairoPixelBox::Move(int32_t, int32_t, int32_t width, int32_t height) {
 void CairoPixelBox::makeSurface() {
   context_.reset();
   surface_.reset();
+  rows_ = {};
   if (width_ > 0 && height_ > 0 && int64_t{width_} * height_ <= kMostPixels) {
     CairoSurface made(cairo_image_surface_create(CAIRO_FORMAT_RGB24, width_, height_));
     if (cairo_surface_status(made.get()) == CAIRO_STATUS_SUCCESS) {
       surface_ = std::move(made);
       context_.reset(cairo_create(surface_.get()));
+      // Rows of this format are aligned to their 32-bit pixels.
+      void* start = cairo_image_surface_get_data(surface_.get());
+      const int stride = cairo_image_surface_get_stride(surface_.get());
+      rows_ = PixelRows(static_cast<uint32_t*>(start), stride / 4, width_, height_);
       Cls();
       return;
     }
@@ -49,15 +48,8 @@ void CairoPixelBox::makeSurface() {
   width_ = height_ = 0;
 }
 
-uint32_t* CairoPixelBox::row(int32_t y) const {
-  // Rows of this format are aligned to their 32-bit pixels.
-  unsigned char* bytes = cairo_image_surface_get_data(surface_.get());
-  const int stride = cairo_image_surface_get_stride(surface_.get());
-  void* start = bytes + std::ptrdiff_t{stride} * y;
-  return static_cast<uint32_t*>(start);
-}
-
-cairo_t* CairoPixelBox::drawWithCairo() {
+cairo_t* CairoPixelBox::drawWithCairo(int32_t first, int32_t last) {
+  rows_.open(first, last);
   if (writtenDirectly_) cairo_surface_mark_dirty(surface_.get());
   writtenDirectly_ = false;
   return context_.get();
@@ -71,15 +63,20 @@ void CairoPixelBox::beginWriting() {
 void CairoPixelBox::fill(const PixelBox& box, Colour colour) {
   if (!surface_ || box.empty()) return;
   beginWriting();
-  const uint32_t pixel = pixelOf(colour);
-  for (int32_t y = box.top; y <= box.bottom; ++y) {
-    std::fill_n(row(y) + box.left, box.right - box.left + 1, pixel);
-  }
+  rows_.fill(box, colour);
 }
 
 void CairoPixelBox::Cls() {
   CurrentX = CurrentY = 0.0F;
-  fill({0, 0, width_ - 1, height_ - 1}, rgb(255, 255, 255));
+  if (!surface_) return;
+  beginWriting();
+  rows_.clear();
+}
+
+void CairoPixelBox::Cells(const CellBoxes& cells) {
+  if (!surface_) return;
+  beginWriting();
+  if (!rows_.paint(cells)) PictureBox::Cells(cells);
 }
 
 void CairoPixelBox::Box(float x1, float y1, float x2, float y2, Colour colour) {
@@ -93,10 +90,10 @@ void CairoPixelBox::Line(float x1, float y1, float x2, float y2, Colour colour) 
   const auto before = static_cast<float>(thickness / 2);
   const auto after = static_cast<float>((thickness - 1) / 2);
   if (y1 == y2) {
-    const auto y = static_cast<float>(nearestPixel(y1));
+    const auto y = static_cast<float>(placeOf(y1));
     fill(pixelBox(x1, y - before, x2, y + after, width_, height_), colour);
   } else if (x1 == x2) {
-    const auto x = static_cast<float>(nearestPixel(x1));
+    const auto x = static_cast<float>(placeOf(x1));
     fill(pixelBox(x - before, y1, x + after, y2, width_, height_), colour);
   } else if (const auto line = clipLine({asDouble(x1), asDouble(y1), asDouble(x2), asDouble(y2)},
                                         width_, height_, thickness)) {
@@ -110,7 +107,9 @@ void CairoPixelBox::drawSlanted(const LinePiece& line, int32_t thickness, Colour
     drawThin(line, colour);
     return;
   }
-  cairo_t* context = drawWithCairo();
+  const auto [top, bottom] = std::minmax(line.y1, line.y2);
+  cairo_t* context = drawWithCairo(util::roundToLong(top) - thickness - 1,
+                                   util::roundToLong(bottom) + thickness + 1);
   setColour(context, colour);
   cairo_set_antialias(context, hard ? CAIRO_ANTIALIAS_NONE : CAIRO_ANTIALIAS_DEFAULT);
   cairo_set_line_width(context, thickness);
@@ -132,7 +131,7 @@ void CairoPixelBox::drawThin(const LinePiece& line, Colour colour) {
   const uint32_t pixel = pixelOf(colour);
   beginWriting();
   for (int32_t error = dx - dy;;) {
-    if (x >= 0 && y >= 0 && x < width_ && y < height_) row(y)[x] = pixel;
+    if (x >= 0 && y >= 0 && x < width_ && y < height_) rows_.row(y)[x] = pixel;
     if (x == endX && y == endY) return;
     const int32_t twice = 2 * error;
     if (twice > -dy) {
@@ -147,12 +146,16 @@ void CairoPixelBox::drawThin(const LinePiece& line, Colour colour) {
 }
 
 void CairoPixelBox::Print(std::string_view text) {
+  const float height = TextHeight(text);
   if (surface_ && !std::isnan(CurrentX) && !std::isnan(CurrentY)) {
-    lettering_.show(drawWithCairo(), drawableText(text), nearestPixel(CurrentX),
-                    nearestPixel(CurrentY), Font, ForeColor);
+    const int32_t top = placeOf(CurrentY);
+    // Letters may reach out of their line, but not by another one.
+    const int32_t reach = util::roundToLong(asDouble(height)) + 1;
+    lettering_.show(drawWithCairo(top - reach, top + 2 * reach), drawableText(text),
+                    placeOf(CurrentX), top, Font, ForeColor);
   }
   CurrentX = 0.0F;
-  CurrentY += TextHeight(text);
+  CurrentY += height;
 }
 
 float CairoPixelBox::TextWidth(std::string_view text) const {
@@ -166,19 +169,18 @@ void CairoPixelBox::AndFrom(const PictureBox& source) {
   if (!surface_ || !from.surface_) return;
   cairo_surface_flush(from.surface_.get());
   beginWriting();
-  const int32_t width = std::min(width_, from.width_);
-  for (int32_t y = 0; y < std::min(height_, from.height_); ++y) {
-    uint32_t* pixels = row(y);
-    const uint32_t* others = from.row(y);
-    for (int32_t x = 0; x < width; ++x) pixels[x] &= others[x];
-  }
+  rows_.andFrom(from.rows_);
 }
 
 Colour CairoPixelBox::pixel(int32_t x, int32_t y) const {
   cairo_surface_flush(surface_.get());
-  const uint32_t bits = row(y)[x];
-  return rgb(static_cast<int32_t>(bits >> 16U & 0xFFU), static_cast<int32_t>(bits >> 8U & 0xFFU),
-             static_cast<int32_t>(bits & 0xFFU));
+  return colourOf(rows_.pixel(x, y));
+}
+
+const PixelRows& CairoPixelBox::pixels() const {
+  if (surface_) cairo_surface_flush(surface_.get());
+  rows_.settle();
+  return rows_;
 }
 
 }  // namespace platform

@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "platform/PictureBox.h"
+#include "platform/PixelRows.h"
 #include "platform/cairo/Lettering.h"
 #include "platform/cairo/cairoHandles.h"
 #include "platform/clipLine.h"
@@ -28,6 +29,7 @@ class CairoPixelBox : public PictureBox {
   void Refresh() override {}
   void Line(float x1, float y1, float x2, float y2, Colour colour) override;
   void Box(float x1, float y1, float x2, float y2, Colour colour) override;
+  void Cells(const CellBoxes& cells) override;
   void Print(std::string_view text) override;
   float TextWidth(std::string_view text) const override;
   float TextHeight(std::string_view text) const override;
@@ -35,21 +37,22 @@ class CairoPixelBox : public PictureBox {
 
   // Red, green and blue of a pixel inside the surface.
   Colour pixel(int32_t x, int32_t y) const;
-  // Null while the surface is empty.
-  cairo_surface_t* surface() const { return surface_.get(); }
+  // The finished pixels, empty while the surface is.
+  const PixelRows& pixels() const;
 
  private:
   void makeSurface();
-  uint32_t* row(int32_t y) const;
   void fill(const PixelBox& box, Colour colour);
   void drawSlanted(const LinePiece& line, int32_t thickness, Colour colour);
   void drawThin(const LinePiece& line, Colour colour);
   void beginWriting();
-  // Cairo and direct writing take turns: each side is told of the other's work.
-  cairo_t* drawWithCairo();
+  // Cairo and direct writing take turns: each side is told of the other's work. Cairo will draw
+  // in the rows first..last.
+  cairo_t* drawWithCairo(int32_t first, int32_t last);
 
   const Lettering& lettering_;
   int32_t width_ = 0, height_ = 0;
+  PixelRows rows_;  // the memory of the surface
   CairoSurface surface_;
   CairoContext context_;
   bool writtenDirectly_ = false;

@@ -14,17 +14,11 @@ namespace {
 
 using util::asDouble;
 
-constexpr uint32_t kWhitePixel = 0x00FFFFFF;
 constexpr int32_t kLargestSide = 32767;
 constexpr int32_t kWidestLine = 1000;
 constexpr std::size_t kMostFonts = 16;
 // GDI computes with 27 bits.
 constexpr double kFarthest = 1e6;
-
-uint32_t pixelOf(Colour colour) {
-  const auto bits = static_cast<uint32_t>(colour);
-  return (bits & 0xFF) << 16 | (bits & 0xFF00) | (bits >> 16 & 0xFF);
-}
 
 COLORREF colorRef(Colour colour) { return static_cast<COLORREF>(colour) & 0x00FFFFFF; }
 
@@ -81,6 +75,7 @@ void GdiPictureBox::Move(int32_t, int32_t, int32_t width, int32_t height) {
   bitmap_.reset();
   width_ = height_ = 0;
   pixels_ = nullptr;
+  rows_ = {};
   if (!isBitmapSize(width, height)) return;
   const BITMAPINFO info = bitmapInfo(width, height);
   void* bits = nullptr;
@@ -90,6 +85,7 @@ void GdiPictureBox::Move(int32_t, int32_t, int32_t width, int32_t height) {
   pixels_ = static_cast<uint32_t*>(bits);
   width_ = width;
   height_ = height;
+  rows_ = PixelRows(pixels_, width, width, height);
   Cls();
 }
 
@@ -97,7 +93,7 @@ void GdiPictureBox::Cls() {
   CurrentX = CurrentY = 0;
   if (pixels_ == nullptr) return;
   GdiFlush();
-  std::fill(pixels_, row(height_), kWhitePixel);
+  rows_.clear();
 }
 
 void GdiPictureBox::Refresh() {
@@ -109,6 +105,8 @@ void GdiPictureBox::Line(float x1, float y1, float x2, float y2, Colour colour) 
   const auto line = clipLine({asDouble(x1), asDouble(y1), asDouble(x2), asDouble(y2)}, width_,
                              height_, thickness);
   if (pixels_ == nullptr || !line) return;
+  const auto [top, bottom] = std::minmax(line->y1, line->y2);
+  rows_.open(util::roundToLong(top) - thickness - 1, util::roundToLong(bottom) + thickness + 1);
   const PenHandle pen(CreatePen(PS_SOLID, thickness, colorRef(colour)));
   const Selected selected(dc_.get(), pen.get());
   const int x = util::roundToLong(line->x2), y = util::roundToLong(line->y2);
@@ -122,18 +120,25 @@ void GdiPictureBox::Box(float x1, float y1, float x2, float y2, Colour colour) {
   const PixelBox box = pixelBox(x1, y1, x2, y2, width_, height_);
   if (pixels_ == nullptr || box.empty()) return;
   GdiFlush();
-  const uint32_t pixel = pixelOf(colour);
-  for (int32_t y = box.top; y <= box.bottom; ++y) {
-    std::fill(row(y) + box.left, row(y) + box.right + 1, pixel);
-  }
+  rows_.fill(box, colour);
+}
+
+void GdiPictureBox::Cells(const CellBoxes& cells) {
+  if (pixels_ == nullptr) return;
+  GdiFlush();
+  if (!rows_.paint(cells)) PictureBox::Cells(cells);
 }
 
 void GdiPictureBox::Print(std::string_view text) {
   const float height = TextHeight(text);
   if (pixels_ != nullptr && !std::isnan(CurrentX) && !std::isnan(CurrentY)) {
     const std::wstring wide = printable(text);
+    const int top = placeOf(CurrentY);
+    // Letters may reach out of their line, but not by another one.
+    const int reach = util::roundToLong(asDouble(height)) + 1;
+    rows_.open(top - reach, top + 2 * reach);
     SetTextColor(dc_.get(), colorRef(ForeColor));
-    TextOutW(dc_.get(), placeOf(CurrentX), placeOf(CurrentY), wide.c_str(),
+    TextOutW(dc_.get(), placeOf(CurrentX), top, wide.c_str(),
              static_cast<int>(wide.size()));
   }
   CurrentX = 0;
@@ -158,17 +163,19 @@ float GdiPictureBox::TextHeight(std::string_view) const {
 void GdiPictureBox::AndFrom(const PictureBox& source) {
   const auto* other = dynamic_cast<const GdiPictureBox*>(&source);
   if (other == nullptr || pixels_ == nullptr) return;
-  BitBlt(dc_.get(), 0, 0, other->width_, other->height_, other->dc_.get(), 0, 0, SRCAND);
+  GdiFlush();
+  rows_.andFrom(other->rows_);
 }
 
 Colour GdiPictureBox::pixel(int32_t x, int32_t y) const {
   if (x < 0 || y < 0 || x >= width_ || y >= height_) return basicPalette(15);
   GdiFlush();
-  const uint32_t pixel = row(y)[x];
-  return static_cast<Colour>((pixel >> 16 & 0xFF) | (pixel & 0xFF00) | (pixel & 0xFF) << 16);
+  return colourOf(rows_.pixel(x, y));
 }
 
 void GdiPictureBox::copyTo(HDC target, const RECT& part) const {
+  GdiFlush();
+  rows_.settle();
   BitBlt(target, part.left, part.top, part.right - part.left, part.bottom - part.top, dc_.get(),
          part.left, part.top, SRCCOPY);
 }
@@ -176,6 +183,7 @@ void GdiPictureBox::copyTo(HDC target, const RECT& part) const {
 bool GdiPictureBox::drawInto(HDC target, const RECT& rectangle) const {
   if (pixels_ == nullptr) return true;
   GdiFlush();
+  rows_.settle();
   // From the pixels and not from our context, since printers and metafiles take no transfer
   // from a context of the screen.
   const BITMAPINFO info = bitmapInfo(width_, height_);

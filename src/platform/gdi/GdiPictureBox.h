@@ -6,11 +6,12 @@
 #include <vector>
 
 #include "platform/PictureBox.h"
+#include "platform/PixelRows.h"
 #include "platform/gdi/handles.h"
 
 namespace platform {
 
-// A picture box on a 32-bit bitmap in memory. Boxes are filled straight into its pixels, text and
+// A picture box on a 32-bit bitmap in memory. Boxes and cells are filled straight into its pixels, text and
 // lines are drawn by GDI. A surface of more than 64 Mi pixels, or one there is no memory for, is
 // empty: it measures 0 x 0, and drawing does nothing.
 class GdiPictureBox final : public PictureBox {
@@ -26,6 +27,7 @@ class GdiPictureBox final : public PictureBox {
   void Refresh() override;
   void Line(float x1, float y1, float x2, float y2, Colour colour) override;
   void Box(float x1, float y1, float x2, float y2, Colour colour) override;
+  void Cells(const CellBoxes& cells) override;
   void Print(std::string_view text) override;
   float TextWidth(std::string_view text) const override;
   float TextHeight(std::string_view text) const override;
@@ -44,11 +46,11 @@ class GdiPictureBox final : public PictureBox {
 
  private:
   void selectFont() const;
-  uint32_t* row(int32_t y) const { return pixels_ + static_cast<std::ptrdiff_t>(y) * width_; }
 
   std::function<void()> show_;
   int32_t width_ = 0, height_ = 0;
-  uint32_t* pixels_ = nullptr;  // rows from the top, each pixel 0x00RRGGBB
+  uint32_t* pixels_ = nullptr;  // rows from the top
+  PixelRows rows_;              // what is known of them
   BitmapHandle bitmap_;
   // The fonts asked for so far; few, since the routines only vary size, bold and underline.
   mutable std::vector<std::pair<platform::Font, FontHandle>> fonts_;
