@@ -1,7 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
+#include <span>
+#include <vector>
 
 #include "section/sectionValues.h"
 #include "util/RuntimeError.h"
@@ -55,6 +58,46 @@ TEST(SectionGrid, MarksValuesOnly) {
   for (const Row& row : rows) {
     grid.store(1, 1, row.value);
     EXPECT_EQ(grid.mark(1, 1), row.mark) << row.value;
+  }
+}
+
+TEST(SectionGrid, StoresWholeColumns) {
+  SectionGrid grid;
+  grid.size(2, 3);
+  const std::vector<float> column = {7, kMissingValue, 9};
+  grid.storeColumn(2, column);
+  for (int32_t k = 1; k <= 3; ++k) {
+    EXPECT_EQ(grid.value(1, k), 0);
+    EXPECT_EQ(grid.mark(1, k), 0);
+    EXPECT_EQ(grid.value(2, k), column[static_cast<std::size_t>(k - 1)]);
+    EXPECT_EQ(grid.mark(2, k), k == 2 ? 0 : 1);
+  }
+  EXPECT_TRUE(std::ranges::equal(grid.column(2), column));
+  EXPECT_EQ(errorOf([&] { grid.storeColumn(3, column); }), util::kSubscript);
+  EXPECT_EQ(errorOf([&] { grid.storeColumn(1, std::span(column).first(2)); }), util::kSubscript);
+  EXPECT_EQ(errorOf([&] { grid.column(0); }), util::kSubscript);
+}
+
+TEST(SectionGrid, StoresLevelAfterLevel) {
+  SectionGrid grid;
+  for (const int32_t ncols : {1, 15, 16, 17, 50}) {
+    for (const int32_t nlevels : {1, 4, 33}) {
+      grid.size(ncols, nlevels);
+      std::vector<float> values(static_cast<std::size_t>(ncols * nlevels));
+      for (std::size_t n = 0; n < values.size(); ++n) {
+        values[n] = n % 5 == 3 ? kMissingValue : static_cast<float>(n);
+      }
+      grid.storeLevels(values);
+      for (int32_t c = 1; c <= ncols; ++c) {
+        for (int32_t k = 1; k <= nlevels; ++k) {
+          const float expected = values[static_cast<std::size_t>((k - 1) * ncols + c - 1)];
+          ASSERT_EQ(grid.value(c, k), expected);
+          ASSERT_EQ(grid.mark(c, k), expected == kMissingValue ? 0 : 1);
+        }
+      }
+      EXPECT_EQ(errorOf([&] { grid.storeLevels(std::span(values).subspan(1)); }),
+                util::kSubscript);
+    }
   }
 }
 
