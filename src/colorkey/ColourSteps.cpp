@@ -49,8 +49,8 @@ ColourSteps::ColourSteps(platform::Colour lowest, std::span<const Step> steps)
 
 platform::Colour ColourSteps::search(float value) const {
   const auto in = static_cast<std::size_t>(part(value));
-  const auto first = steps_.begin() + firstStep_[in];
-  const auto end = steps_.begin() + firstStep_[in + 1];
+  const auto first = steps_.begin() + static_cast<std::ptrdiff_t>(firstStep_[in]);
+  const auto end = steps_.begin() + static_cast<std::ptrdiff_t>(firstStep_[in + 1]);
   // A NaN is below everything.
   const auto behind =
       std::partition_point(first, end, [=](const Step& step) { return step.from <= value; });
