@@ -3,10 +3,11 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/cairo/letteringFace.h"
+
 namespace platform {
 namespace {
 
-constexpr char kFace[] = "Liberation Sans";
 constexpr double kPixelsPerPoint = 96.0 / 72.0;
 
 // Any size a surface can be given, as one that letters can have.
@@ -43,9 +44,7 @@ const Lettering::Letters& Lettering::letters(const Font& font) const {
   Letters& found = place->second;
   if (!isNew) return found;
   found.size = size;
-  found.face.reset(cairo_toy_font_face_create(
-      kFace, font.Italic ? CAIRO_FONT_SLANT_ITALIC : CAIRO_FONT_SLANT_NORMAL,
-      font.Bold ? CAIRO_FONT_WEIGHT_BOLD : CAIRO_FONT_WEIGHT_NORMAL));
+  found.face = letteringFace(font.Bold, font.Italic);
   cairo_matrix_t scale, unchanged;
   cairo_matrix_init_scale(&scale, size, size);
   cairo_matrix_init_identity(&unchanged);

@@ -73,36 +73,76 @@ void putIndices(std::span<const uint32_t> row, const Palette& palette, uint8_t* 
   }
 }
 
-// Each channel less that of the pixel before.
-void putDifferences(std::span<const uint32_t> row, uint8_t* out) {
-  uint32_t before = 0;
-  for (const uint32_t pixel : row) {
+// Each channel less that of the pixel before it, which is the one to the left or above.
+template <class Before>
+void putDifferences(std::span<const uint32_t> row, uint8_t* out, Before before) {
+  for (std::size_t x = 0; x < row.size(); ++x) {
+    const uint32_t reference = before(x);
     for (const unsigned shift : {16U, 8U, 0U}) {
-      *out++ = static_cast<uint8_t>((pixel >> shift) - (before >> shift));
+      *out++ = static_cast<uint8_t>((row[x] >> shift) - (reference >> shift));
     }
-    before = pixel;
   }
 }
 
-// The rows as they are compressed, each behind the number of its filter. A row like the one
-// above, as most are in a picture of blocks, is nothing but zeros.
-Bytes filtered(const PixelRows& pixels, const std::optional<Palette>& palette) {
-  const std::size_t width = static_cast<std::size_t>(pixels.width()) * (palette ? 1 : 3);
-  Bytes data((width + 1) * static_cast<std::size_t>(pixels.height()));
-  uint8_t* out = data.data();
-  for (int32_t y = 0; y < pixels.height(); ++y, out += width + 1) {
-    if (y > 0 && pixels.sameRows(y - 1, y)) {
-      *out = kUp;
-    } else if (palette) {
-      *out = kNone;
-      putIndices(pixels.row(y), *palette, out + 1);
+// How many pixels repeat the one before them, from a row of those.
+std::size_t repeated(std::span<const uint32_t> row, const uint32_t* before) {
+  std::size_t count = 0;
+  for (std::size_t x = 0; x < row.size(); ++x) {
+    count += ((row[x] ^ before[x]) & 0x00FFFFFFU) == 0 ? 1U : 0U;
+  }
+  return count;
+}
+
+// The rows as they are compressed, each behind the number of its filter: differences from the
+// pixels above where they repeat more of them than of those to the left.
+class FilteredRows {
+ public:
+  FilteredRows(const PixelRows& pixels, const std::optional<Palette>& palette)
+      : pixels_(pixels),
+        palette_(palette),
+        width_(static_cast<std::size_t>(pixels.width()) * (palette ? 1 : 3)),
+        data_((width_ + 1) * static_cast<std::size_t>(pixels.height())) {
+    uint8_t* out = data_.data();
+    for (int32_t y = 0; y < pixels.height(); ++y, out += width_ + 1) put(y, out);
+  }
+  const Bytes& data() const { return data_; }
+
+ private:
+  void put(int32_t y, uint8_t* out) {
+    const auto row = pixels_.row(y);
+    const std::size_t above = y == 0 ? 0 : repeated(row, pixels_.row(y - 1).data());
+    const bool up = above > repeated(row.subspan(1), row.data());
+    if (palette_) {
+      indices_.resize(row.size());
+      lastIndices_.swap(indices_);
+      indices_.resize(row.size());
+      if (y > 0 && above == row.size()) {
+        indices_ = lastIndices_;
+      } else {
+        putIndices(row, *palette_, indices_.data());
+      }
+      *out++ = up ? kUp : kNone;
+      for (std::size_t x = 0; x < row.size(); ++x) {
+        out[x] = static_cast<uint8_t>(indices_[x] - (up ? lastIndices_[x] : 0));
+      }
+      return;
+    }
+    *out++ = up ? kUp : kSub;
+    if (up && above == row.size()) return;  // zeros
+    if (up) {
+      const auto rowAbove = pixels_.row(y - 1);
+      putDifferences(row, out, [=](std::size_t x) { return rowAbove[x]; });
     } else {
-      *out = kSub;
-      putDifferences(pixels.row(y), out + 1);
+      putDifferences(row, out, [=](std::size_t x) { return x == 0 ? 0U : row[x - 1]; });
     }
   }
-  return data;
-}
+
+  const PixelRows& pixels_;
+  const std::optional<Palette>& palette_;
+  std::size_t width_;
+  Bytes data_;
+  Bytes indices_, lastIndices_;  // of a row and the one above
+};
 
 std::string compressed(const Bytes& data) {
   const std::unique_ptr<libdeflate_compressor, FreeCompressor> compressor(
@@ -122,7 +162,7 @@ std::string pngPicture(const PixelRows& pixels) {
   std::string png = "\x89PNG\r\n\x1A\n";
   putChunk(png, "IHDR", header(pixels, palette ? kIndexed : kTrueColour));
   if (palette) putChunk(png, "PLTE", paletteData(*palette));
-  const std::string data = compressed(filtered(pixels, palette));
+  const std::string data = compressed(FilteredRows(pixels, palette).data());
   png.reserve(png.size() + data.size() + 64);
   putChunk(png, "IDAT", data);
   putChunk(png, "IEND", {});
