@@ -21,6 +21,7 @@
 #include "ComOwner.h"
 #include "Form.h"
 #include "control/KelvaneCtl.h"
+#include "netcdf/ncf.h"
 #include "section/sectionPath.h"
 
 namespace {
@@ -97,7 +98,8 @@ void run(const std::string& name, const std::string& file, const Corners& corner
   std::vector<uint32_t> pixels(std::size_t{kWidth} * kHeight);
   volatile uint32_t seen = 0;
   uint32_t colour = 0;
-  // Every part goes through the same steps, so that none finds the values of the one before.
+  // Every part goes through all steps, so that none finds the values of the one before.
+  const auto steps = static_cast<std::size_t>(ocxNetNc::ncf.ntime);
   std::size_t step = 0;
   std::vector<Part> parts = {{"frame",
                               [&] {
@@ -112,7 +114,7 @@ void run(const std::string& name, const std::string& file, const Corners& corner
                               },
                               {}},
                              {"columns", [&] { bare.columnByColumn(step); }, {}},
-                             {"box", [&] { bare.boundingBox(step = (step + 1) % 3); }, {}},
+                             {"box", [&] { bare.boundingBox(step = (step + 1) % steps); }, {}},
                              {"fill",
                               [&] {
                                 std::fill(pixels.begin(), pixels.end(), ++colour);
