@@ -2,6 +2,7 @@
 
 #include <cairo-ft.h>
 
+#include <array>
 #include <memory>
 #include <string>
 
@@ -15,7 +16,7 @@ std::string fileOf(bool bold, bool italic) {
   return std::string(kFolder) + "LiberationSans-" + style + ".ttf";
 }
 
-// Lives as long as the process: Cairo keeps faces in a cache of its own.
+// Lives as long as the process, as the faces do.
 FT_Library freeType() {
   static const FT_Library library = [] {
     FT_Library made = nullptr;
@@ -46,13 +47,21 @@ CairoFontFace fromFile(const std::string& file) {
   return made;
 }
 
-}  // namespace
-
-CairoFontFace letteringFace(bool bold, bool italic) {
+CairoFontFace make(bool bold, bool italic) {
   if (CairoFontFace found = fromFile(fileOf(bold, italic))) return found;
   return CairoFontFace(cairo_toy_font_face_create(
       "Liberation Sans", italic ? CAIRO_FONT_SLANT_ITALIC : CAIRO_FONT_SLANT_NORMAL,
       bold ? CAIRO_FONT_WEIGHT_BOLD : CAIRO_FONT_WEIGHT_NORMAL));
+}
+
+}  // namespace
+
+// One of each style for all, so that a document embeds it once.
+CairoFontFace letteringFace(bool bold, bool italic) {
+  static std::array<CairoFontFace, 4> faces;
+  CairoFontFace& face = faces[(bold ? 2U : 0U) + (italic ? 1U : 0U)];
+  if (!face) face = make(bold, italic);
+  return CairoFontFace(cairo_font_face_reference(face.get()));
 }
 
 }  // namespace platform
