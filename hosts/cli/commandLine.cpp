@@ -112,7 +112,11 @@ void checkSize(const PictureRequest& request) {
 // The command as it was typed, for the history of what it makes.
 std::string commandText(int argc, const char* const* argv) {
   std::string text = "kelvane";
-  for (int at = 1; at < argc; ++at) text += " " + ocxNetNc::withoutCredentials(argv[at]);
+  for (int at = 1; at < argc; ++at) {
+    const std::string word = ocxNetNc::withoutCredentials(argv[at]);
+    const bool plain = word.find_first_of(" \t\n'\"") == std::string::npos;
+    text += plain ? " " + word : " \"" + word + "\"";
+  }
   return text;
 }
 
@@ -133,7 +137,7 @@ CommandLine::CommandLine()
 }
 
 void CommandLine::defineInfo() {
-  info_ = app_.add_subcommand("info", "List what a data set holds and what can be drawn");
+  info_ = app_.add_subcommand("info", "Say what of a data set can be drawn, and why not the rest");
   info_->add_option("file", infoDataSet_, kDataSetHelp)->required()->type_name("");
   info_->add_flag("--json", infoJson_, "List as JSON");
 }

@@ -19,8 +19,9 @@ void check(int status, const std::string& what) {
   if (status != NC_NOERR) throw Failure("Cannot write " + what + ": " + nc_strerror(status));
 }
 
-// From the input's numbers to the copy's; what is missing becomes NaN.
+// From the input's numbers to the copy's; what is missing becomes NaN if it is to be replaced.
 void convert(const PlanVar& variable, std::vector<double>& values) {
+  if (!variable.fill) return;
   for (double& value : values) {
     if (std::ranges::find(variable.missing, value) != variable.missing.end()) {
       value = kNan;

@@ -59,7 +59,10 @@ void setMissing(PlanVar& variable, double fill) {
 std::string listed(const Known& known) {
   std::string text = known.nan ? "NaN" : "";
   for (const double number : known.numbers) {
-    text += (text.empty() ? "" : ", ") + util::generalText(number);
+    const auto single = static_cast<float>(number);
+    text += (text.empty() ? "" : ", ") + (static_cast<double>(single) == number
+                                              ? util::generalText(single)
+                                              : util::generalText(number));
   }
   return text;
 }

@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "failures.h"
 #include "fit/rules.h"
 #include "fit/timeUnits.h"
 #include "util/ocxStrings.h"
@@ -114,6 +115,7 @@ void fitTime(Draft& draft) {
                           ? draft.axisValues(axis)
                           : draft.in.whole(axis.var);
   }
+  if (variable.values->empty()) throw Failure("There are no time steps: " + variable.name + " has none.");
   const std::vector<double> before = *variable.values;
   fitUnits(draft, variable, *variable.values);
   for (const char* each : {"scale_factor", "add_offset", "_FillValue", "missing_value"}) {

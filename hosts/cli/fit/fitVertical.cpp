@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "failures.h"
 #include "fit/rules.h"
 #include "fit/units.h"
 #include "util/numberText.h"
@@ -107,10 +108,14 @@ void fitVertical(Draft& draft) {
   } else {
     kind = verticalOfName(draft.dim(axis.dim).name) == Vertical::Sigma ? Vertical::Sigma : kind;
     axis.var = makeNumbers(draft, axis.dim);
+    // A dimension may say by its name that its first level is the lowest.
+    const std::size_t all = draft.inDim(axis.dim).length;
+    const bool upward = hasPrefix(draft.inDim(axis.dim).name, "BOTTOM_TOP");
     for (const std::size_t index : draft.dim(axis.dim).index) {
-      values.push_back(static_cast<double>(index + 1));
+      values.push_back(static_cast<double>(upward ? all - index : index + 1));
     }
   }
+  if (values.empty()) throw Failure(draft.dim(axis.dim).name + " has no levels.");
   PlanVar& variable = draft.var(axis.var);
   variable.gone = false;
   const std::vector<double> before = values;

@@ -96,6 +96,10 @@ bool lies(const PlanVar& variable, const std::vector<int>& dims) {
   });
 }
 
+std::string boundsOf(const Draft& draft, int number) {
+  return textOf(draft.inVar(number).attributes, "bounds");
+}
+
 void assign(Draft& draft) {
   std::vector<Placing> known;
   const auto inputs = static_cast<int>(draft.placings.size());
@@ -112,7 +116,9 @@ void assign(Draft& draft) {
     PlanVar& variable = draft.var(number);
     if (variable.gone) continue;
     const bool position = std::ranges::any_of(known, [&](const Placing& each) {
-      return each.lon.var == number || each.lat.var == number;
+      return each.lon.var == number || each.lat.var == number ||
+             variable.name == boundsOf(draft, each.lon.var) ||
+             variable.name == boundsOf(draft, each.lat.var);
     });
     const bool onOld = std::ranges::any_of(known, [&](const Placing& each) {
       return lies(variable, each.places);

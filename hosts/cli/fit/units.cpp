@@ -48,6 +48,13 @@ std::optional<Conversion> conversion(const std::string& from, const std::string&
 }
 
 std::optional<Origin> readOrigin(const std::string& text) {
+  // The library takes the year 0 of climatologies for the year 1.
+  const std::size_t year = text.find_first_not_of('0');
+  if (year != std::string::npos && year > 0 && text[year] == '-') {
+    std::optional<Origin> origin = readOrigin("2000" + text.substr(year));
+    if (origin) origin->day.year -= 2000;
+    return origin;
+  }
   // Against a day that the calendar of the library counts from, both halves stay exact.
   const Converter found =
       converter(parse("seconds since " + text), parse("seconds since 2001-01-01 00:00:00"));
