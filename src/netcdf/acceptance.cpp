@@ -1,5 +1,7 @@
 #include "netcdf/acceptance.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 
@@ -29,38 +31,69 @@ double leastAsLarge(float single) {
   return std::nextafter(halfway, std::numeric_limits<double>::infinity());
 }
 
-// Made of selections alone, so that the compiler takes several values at a time.
-template <class Number, class Counts>
-int32_t convertWhere(std::span<const Number> raw, const Conversion& how, float* values,
-                     const Counts& counts) {
-  const auto replacement = static_cast<double>(how.replacement);
-  int32_t counted = 0;
-  int32_t beyond = 0;
-  const std::size_t size = raw.size();
-  for (std::size_t i = 0; i < size; ++i) {
-    const auto number = static_cast<double>(raw[i]);
-    const bool is = counts(number);
-    const double scaled = number * how.scale + how.offset;
-    const double value = is ? scaled : replacement;
-    const bool fits = !(std::fabs(value) >= kSingleLimit);
-    values[i] = static_cast<float>(fits ? value : 0.0);
-    counted += is ? 1 : 0;
-    beyond |= fits ? 0 : 1;
+// A few values on their way. Each step goes over all of them without a branch: the compiler then
+// takes several values at a time.
+class Block {
+ public:
+  static constexpr std::size_t kMost = 64;
+
+  template <class Number>
+  Block(std::span<const Number> raw, double side, const Conversion& how) : size_(raw.size()) {
+    const double scale = how.scale;
+    const double offset = how.offset;
+    for (std::size_t i = 0; i < size_; ++i) {
+      const auto number = static_cast<double>(raw[i]);
+      sided_[i] = number * side;
+      value_[i] = number * scale + offset;
+    }
   }
-  if (beyond != 0) util::raise(util::kOverflow);
-  return counted;
-}
+
+  // Replaces what is not below the bound.
+  void select(double bound, double replacement) {
+    for (std::size_t i = 0; i < size_; ++i) {
+      value_[i] = sided_[i] < bound ? value_[i] : replacement;
+    }
+    for (std::size_t i = 0; i < size_; ++i) flags_[i] = sided_[i] < bound ? 1.0 : 0.0;
+  }
+  void selectAll() { flags_.fill(1.0); }
+
+  // Stores the values; how many of them count.
+  int32_t store(float* values) {
+    // Beyond what all values together can count.
+    constexpr double kBeyond = 2 * kMost;
+    for (std::size_t i = 0; i < size_; ++i) {
+      flags_[i] += std::fabs(value_[i]) >= kSingleLimit ? kBeyond : 0.0;
+    }
+    int32_t counted = 0;
+    for (std::size_t i = 0; i < size_; ++i) counted += static_cast<int32_t>(flags_[i]);
+    if (counted > static_cast<int32_t>(kMost)) util::raise(util::kOverflow);
+    for (std::size_t i = 0; i < size_; ++i) values[i] = static_cast<float>(value_[i]);
+    return counted;
+  }
+
+ private:
+  std::size_t size_;
+  std::array<double, kMost> sided_, value_, flags_;
+};
 
 template <class Number>
 int32_t convertAll(std::span<const Number> raw, const Conversion& how, float* values) {
   const Acceptance accepted(how.threshold);
-  if (accepted.takesAll()) {
-    return convertWhere(raw, how, values, [](double) { return true; });
+  const auto replacement = static_cast<double>(how.replacement);
+  int32_t counted = 0;
+  while (!raw.empty()) {
+    const std::span<const Number> few = raw.first(std::min(raw.size(), Block::kMost));
+    Block block(few, accepted.side(), how);
+    if (accepted.takesAll()) {
+      block.selectAll();
+    } else {
+      block.select(accepted.bound(), replacement);
+    }
+    counted += block.store(values);
+    values += few.size();
+    raw = raw.subspan(few.size());
   }
-  return convertWhere(raw, how, values,
-                      [side = accepted.side(), bound = accepted.bound()](double number) {
-                        return number * side < bound;
-                      });
+  return counted;
 }
 
 }  // namespace
