@@ -23,9 +23,12 @@ std::string targetOf(const std::string& path) {
     throw Failure("Cannot write \"" + path + "\": " +
                   (fs::is_directory(status) ? platform::kIsDirectory : platform::kNotRegular));
   }
-  if (!fs::is_symlink(path, error)) return path;
-  const fs::path place = fs::weakly_canonical(path, error);
-  return error ? path : place.string();
+  // Also a link that leads to a file that is not there yet.
+  fs::path place = path;
+  for (int links = 0; links < 40 && fs::is_symlink(place, error); ++links) {
+    place = place.parent_path() / fs::read_symlink(place, error);
+  }
+  return place.string();
 }
 
 std::string partOf(const std::string& target) {
