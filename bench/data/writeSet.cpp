@@ -19,7 +19,7 @@ void must(int status) {
 class Writer {
  public:
   Writer(const DataSet& set, const std::string& path) : set_(set), ocean_(set) {
-    const int format = set.layout == Layout::Offset64 ? NC_64BIT_OFFSET : NC_NETCDF4;
+    const int format = set.format == Format::Netcdf4 ? NC_NETCDF4 : NC_64BIT_OFFSET;
     must(nc_create(path.c_str(), NC_CLOBBER | format, &ncid_));
   }
   ~Writer() {
@@ -51,7 +51,7 @@ class Writer {
     return id;
   }
   void define();
-  void defineTemperature(const std::vector<int>& dims);
+  int temperature(const char* name, const std::vector<int>& dims) const;
   void writeCoordinates() const;
   void writeStep(std::size_t step);
 
@@ -62,7 +62,8 @@ class Writer {
 };
 
 void Writer::define() {
-  const int time = dimension("time", set_.steps);
+  const bool records = set_.format == Format::Records;
+  const int time = dimension("time", records ? NC_UNLIMITED : set_.steps);
   const int depth = dimension("depth", set_.levels);
   const int lat = dimension("lat", set_.lats);
   const int lon = dimension("lon", set_.lons);
@@ -71,25 +72,25 @@ void Writer::define() {
   must(nc_put_att_text(ncid_, depth_, "positive", 4, "down"));
   lat_ = variable("lat", NC_FLOAT, {lat}, "degrees_north");
   lon_ = variable("lon", NC_FLOAT, {lon}, "degrees_east");
-  defineTemperature({time, depth, lat, lon});
+  temp_ = temperature("temp", {time, depth, lat, lon});
+  if (records) temperature("other", {time, depth, lat, lon});
   must(nc_enddef(ncid_));
 }
 
-void Writer::defineTemperature(const std::vector<int>& dims) {
-  temp_ = variable("temp", NC_SHORT, dims, "degC");
+int Writer::temperature(const char* name, const std::vector<int>& dims) const {
+  const int id = variable(name, NC_SHORT, dims, "degC");
   const double scale = SyntheticOcean::kScale, offset = SyntheticOcean::kOffset;
-  must(nc_put_att_double(ncid_, temp_, "scale_factor", NC_DOUBLE, 1, &scale));
-  must(nc_put_att_double(ncid_, temp_, "add_offset", NC_DOUBLE, 1, &offset));
+  must(nc_put_att_double(ncid_, id, "scale_factor", NC_DOUBLE, 1, &scale));
+  must(nc_put_att_double(ncid_, id, "add_offset", NC_DOUBLE, 1, &offset));
   const short fill = SyntheticOcean::kFill;
-  must(nc_put_att_short(ncid_, temp_, "_FillValue", NC_SHORT, 1, &fill));
-  if (set_.layout == Layout::Offset64) return;
-  std::vector<std::size_t> chunk = {1, 1, set_.lats, set_.lons};
-  if (set_.layout == Layout::Blocks) chunk = {1, set_.blockLevels, set_.blockSide, set_.blockSide};
-  must(nc_def_var_chunking(ncid_, temp_, NC_CHUNKED, chunk.data()));
-  must(nc_def_var_deflate(ncid_, temp_, 1, 1, 1));
-  // A row of blocks is filled level by level: each must stay in the cache until it is full.
-  constexpr std::size_t kCache = 64 << 20;
-  must(nc_set_var_chunk_cache(ncid_, temp_, kCache, 10007, 0.75F));
+  must(nc_put_att_short(ncid_, id, "_FillValue", NC_SHORT, 1, &fill));
+  if (set_.format != Format::Netcdf4) return id;
+  must(nc_def_var_chunking(ncid_, id, NC_CHUNKED, set_.chunk.data()));
+  must(nc_def_var_deflate(ncid_, id, 1, 1, 1));
+  // Values come level by level: each chunk must stay in the cache until it is full.
+  constexpr std::size_t kCache = 256 << 20;
+  must(nc_set_var_chunk_cache(ncid_, id, kCache, 400009, 0.75F));
+  return id;
 }
 
 void Writer::writeCoordinates() const {
@@ -98,7 +99,8 @@ void Writer::writeCoordinates() const {
   must(nc_put_var_float(ncid_, depth_, ocean_.depths().data()));
   std::vector<double> days;
   for (std::size_t step = 0; step < set_.steps; ++step) days.push_back(static_cast<double>(step));
-  must(nc_put_var_double(ncid_, time_, days.data()));
+  const std::size_t first = 0;
+  must(nc_put_vara_double(ncid_, time_, &first, &set_.steps, days.data()));
 }
 
 void Writer::writeStep(std::size_t step) {

@@ -46,7 +46,7 @@ void holdAllChunks(int file, int variable) {
   if (nc_inq_var_chunking(file, variable, &storage, chunk.data()) != NC_NOERR) return;
   if (storage != NC_CHUNKED) return;
   constexpr std::size_t kRoom = std::size_t{512} << 20;
-  must(nc_set_var_chunk_cache(file, variable, kRoom, 10007, 0.75F));
+  must(nc_set_var_chunk_cache(file, variable, kRoom, 400009, 0.75F));
 }
 
 void readAttributes(int file, int variable, int count) {

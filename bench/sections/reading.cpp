@@ -9,8 +9,9 @@
 namespace bench {
 namespace {
 
-constexpr std::array kSets = {"regional-classic", "regional-blocks", "regional-levels", "global",
-                              "long"};
+constexpr std::array kSets = {"regional-classic",      "regional-blocks", "regional-levels",
+                              "regional-records",      "regional-steps",  "regional-times",
+                              "regional-small-chunks", "global",          "long"};
 
 // Goes through the time steps, from 1 and again.
 class Steps {
