@@ -1,6 +1,6 @@
 # shellcheck shell=bash
 
-# Classic and netCDF-4 files and the DAP client; no tools, no plug-ins, no other stores.
+# Classic and netCDF-4 files and the client of DAP 2; no tools, no plug-ins, no other stores.
 build_netcdf() {
   local libraries=()
   unpack_source netcdf || return 1
@@ -11,7 +11,7 @@ build_netcdf() {
     TARGET_FLAGS+=(-DCURL_STATICLIB)
   fi
   cmake_build netcdf \
-    -DENABLE_NETCDF_4=ON -DENABLE_DAP=ON -DENABLE_NCZARR=OFF -DENABLE_BYTERANGE=OFF \
+    -DENABLE_NETCDF_4=ON -DENABLE_DAP=ON -DENABLE_DAP4=OFF -DENABLE_NCZARR=OFF -DENABLE_BYTERANGE=OFF \
     -DENABLE_PLUGINS=OFF -DENABLE_LIBXML2=OFF -DENABLE_DLL=OFF \
     -DBUILD_UTILITIES=OFF -DENABLE_EXAMPLES=OFF -DENABLE_TESTS=OFF -DENABLE_DAP_REMOTE_TESTS=OFF \
     -DENABLE_FILTER_TESTING=OFF \

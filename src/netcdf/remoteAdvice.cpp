@@ -145,6 +145,9 @@ std::string causeText(const NCDAPreport& report) {
 
 std::string remoteAdvice(int32_t status) {
   const std::string begin = "Status " + std::to_string(status) + ": ";
+  if (status == NC_ENOTBUILT) {  // asked of nobody: what is reported is of another request
+    return begin + "of a server only OPeNDAP (DAP 2) data sets can be read, not DAP 4 or others.";
+  }
   const NCDAPreport* report = NetCDF::library.ncdap_report();
   if (report == nullptr || report->kind == 0) {
     return begin + (status == NC_EDAS

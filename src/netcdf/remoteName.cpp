@@ -39,7 +39,7 @@ std::size_t protocolLength(std::string_view name, std::size_t at) {
   const std::size_t end = name.find(kEndOfProtocol, at);
   if (end == std::string_view::npos) return 0;
   const std::string protocol = small(name.substr(at, end - at));
-  constexpr std::array<std::string_view, 3> known = {"http", "https", "dods"};
+  constexpr std::array<std::string_view, 5> known = {"http", "https", "dods", "dap4", "s3"};
   return std::find(known.begin(), known.end(), protocol) == known.end() ? 0 : protocol.size();
 }
 

@@ -8,8 +8,9 @@
 // Names of data sets that are addresses of a server.
 namespace ocxNetNc {
 
-// True for an address: http, https or dods in any letter case, "://", and what comes after it,
-// also behind client parameters in brackets ("[noprefetch]http://...").
+// True for an address: http, https, dods, or dap4 and s3, which are refused, in any letter case,
+// "://", and what comes after it, also behind client parameters in brackets
+// ("[noprefetch]http://...").
 bool isAddress(std::string_view name);
 
 using util::withoutCredentials;

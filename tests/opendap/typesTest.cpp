@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <cstdint>
 
@@ -164,17 +165,50 @@ TEST_F(Types, UnderNamesWithSigns) {
   }
 }
 
-// Names that the protocol must escape are listed and chosen as they come over the network.
+// Names that the protocol must escape are those of the file again.
 TEST_F(Types, UnderNamesThatAreEscaped) {
-  const std::vector<std::pair<std::string, std::string>> odd = {
-      {"two words", "two%20words"}, {"c(1)", "c%281%29"}, {"temp@2m", "temp%402m"}};
-  std::vector<std::string> names;
-  for (const auto& [name, escaped] : odd) names.push_back(name);
-  makeSet("escaped.nc", names);
-  for (const auto& [name, escaped] : odd) {
-    const std::vector<uint32_t> local = valuesOf(data("escaped.nc"), name);
-    EXPECT_EQ(valuesOf(server.url("escaped.nc"), escaped), local) << name;
+  const std::vector<std::string> odd = {"two words",
+                                        "c(1)",
+                                        "temp@2m",
+                                        "\u00e9t\u00e9",  // begins beyond ASCII
+                                        "\u6e29\u5ea6",   // is beyond it altogether
+                                        "temp\u00e9rature (\u00b0)"};
+  makeSet("escaped.nc", odd);
+  ASSERT_EQ(ctl.NcFile(data("escaped.nc")), 1) << ctl.ErrorMessage();
+  const std::vector<std::string> local = items();
+  ASSERT_EQ(ctl.NcFile(server.url("escaped.nc")), 1) << ctl.ErrorMessage();
+  EXPECT_EQ(items(), local);
+  for (const std::string& name : odd) {
+    EXPECT_EQ(valuesOf(server.url("escaped.nc"), name), valuesOf(data("escaped.nc"), name)) << name;
   }
+}
+
+// Dimensions and attributes are named as variables are.
+TEST_F(Types, WithDimensionsAndAttributesUnderNamesThatAreEscaped) {
+  {
+    support::NcMaker nc(data("names.nc"));
+    const int dim = nc.dim("\u00e9t\u00e9", 3);
+    const int id = nc.var("numbers", NC_INT, {dim});
+    nc.number(id, "\u00fcber all", NC_INT, {7});
+    nc.put(id, {1, 2, 3});
+  }
+  int id = -1;
+  ASSERT_EQ(nc_open(server.url("names.nc").c_str(), NC_NOWRITE, &id), NC_NOERR);
+  int dim = -1;
+  std::size_t length = 0;
+  EXPECT_EQ(nc_inq_dimid(id, "\u00e9t\u00e9", &dim), NC_NOERR);
+  EXPECT_EQ(nc_inq_dimlen(id, dim, &length), NC_NOERR);
+  EXPECT_EQ(length, 3U);
+  std::array<char, NC_MAX_NAME + 1> attribute = {};
+  EXPECT_EQ(nc_inq_attname(id, 0, 0, attribute.data()), NC_NOERR);
+  EXPECT_STREQ(attribute.data(), "\u00fcber all");
+  int number = 0;
+  EXPECT_EQ(nc_get_att_int(id, 0, "\u00fcber all", &number), NC_NOERR);
+  EXPECT_EQ(number, 7);
+  std::array<int, 3> numbers = {};
+  EXPECT_EQ(nc_get_var_int(id, 0, numbers.data()), NC_NOERR);
+  EXPECT_EQ(numbers, (std::array<int, 3>{1, 2, 3}));
+  EXPECT_EQ(nc_close(id), NC_NOERR);
 }
 
 TEST_F(Types, InFilesOfOddNames) {

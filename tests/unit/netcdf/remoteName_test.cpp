@@ -11,7 +11,7 @@ using ocxNetNc::withoutCredentials;
 TEST(IsAddress, TakesTheProtocolsOfServers) {
   for (const char* name : {"http://host/a.nc", "https://host/a", "dods://host/a", "HTTP://host/a",
                            "Dods://host", "[noprefetch]http://host/a", "[a=b][c]https://host/a",
-                           " http://host/a", "http://"}) {
+                           " http://host/a", "http://", "dap4://host/a", "S3://store/a"}) {
     EXPECT_TRUE(isAddress(name)) << name;
   }
 }
@@ -46,6 +46,7 @@ TEST(WithoutCredentials, LeavesNamesWithoutAnyAsTheyAre) {
 TEST(LibraryName, HasItsProtocolInSmallLetters) {
   EXPECT_EQ(libraryName("HTTP://Host/A.nc"), "http://Host/A.nc");
   EXPECT_EQ(libraryName("[Log]DODS://Host/A"), "[Log]dods://Host/A");
+  EXPECT_EQ(libraryName("DAP4://Host/A"), "dap4://Host/A");
   EXPECT_EQ(libraryName("Data/A.NC"), "Data/A.NC");
   EXPECT_EQ(libraryName(""), "");
 }
