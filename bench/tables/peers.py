@@ -26,7 +26,8 @@ def programs(processes, case):
 
 def cold(processes, case, python):
     table = Table(f"From nothing to a PNG: {case}",
-                  ("", "wall ms, median", "processor ms", "peak MB", "times ours", "target", ""))
+                  ("", "wall ms, median", "processor ms", "peak MB", "processor: times ours",
+                   "wall: times ours", "target", ""))
     mine = f"cold/{case}/{OURS}"
     for program in programs(processes, case):
         def row(program=program):
@@ -35,7 +36,7 @@ def cold(processes, case, python):
             if program != OURS and python:
                 target = Target(python if program == PYTHON else 1, least=True)
             table.add(program, processes.median(name), processes.median(name, "cpu"),
-                      processes.median(name, "peak") / 1024,
+                      processes.median(name, "peak") / 1024, processes.ratio(name, mine, "cpu"),
                       figure=processes.ratio(name, mine), target=target)
         each_row([row])
     return table
@@ -50,14 +51,17 @@ def frame_time(processes, case, program, figure="wall"):
 
 def frames(processes, case, judged):
     table = Table(f"A further time step, with its PNG: {case}",
-                  ("", "wall ms", "processor ms", "times ours", "target", ""))
+                  ("", "wall ms", "processor ms", "processor: times ours", "wall: times ours",
+                   "target", ""))
     rows = []
     for program in programs(processes, case):
         def row(program=program):
-            mine = frame_time(processes, case, OURS)
-            theirs = frame_time(processes, case, program)
+            mine, mine_cpu = (frame_time(processes, case, OURS, figure)
+                              for figure in ("wall", "cpu"))
+            theirs, theirs_cpu = (frame_time(processes, case, program, figure)
+                                  for figure in ("wall", "cpu"))
             target = Target(2, least=True) if program != OURS and judged else None
-            table.add(program, theirs, frame_time(processes, case, program, "cpu"),
+            table.add(program, theirs, theirs_cpu, theirs_cpu / mine_cpu,
                       figure=theirs / mine, target=target)
         rows.append(row)
     each_row(rows)

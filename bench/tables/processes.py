@@ -4,7 +4,7 @@ import json
 from pathlib import Path
 
 from results import Missing
-from sections import COLUMNS, WITHIN, each_row
+from sections import COLUMNS, WITHIN, each_row, floor_of
 from table import Table, Target
 
 CELL_BYTES = 6  # of the section grid: a single and a mark
@@ -43,16 +43,18 @@ def plan(kelvane, folder, tiny, output, runs):
     return "".join(lines)
 
 
-def cold_starts(processes):
+def cold_starts(processes, benchmarks):
     table = Table("kelvane draw, from nothing to the picture file",
-                  ("", "wall ms, median", "least", "processor ms"))
-    for name in processes.names("draw/"):
-        def row(name=name):
-            title = "next to nothing (30 x 20 x 5 grid), 200x150" if name == BASE else \
-                name.removeprefix("draw/").replace("/", ", ")
-            table.add(title, processes.median(name), processes.least(name),
-                      processes.median(name, "cpu"))
-        each_row([row])
+                  ("", "wall ms, median", "least", "processor ms", "floor of its frame, ms"))
+    table.add("next to nothing (30 x 20 x 6 grid), 200x150", processes.median(BASE),
+              processes.least(BASE), processes.median(BASE, "cpu"), None)
+    def add(name, size):
+        def row():
+            full, picture = drawing_name(name, size), f"{size[0]}x{size[1]}"
+            table.add(f"{name}, {picture}", processes.median(full), processes.least(full),
+                      processes.median(full, "cpu"), floor_of(benchmarks, name, picture))
+        return row
+    each_row(add(name, size) for name, _, size in DRAWINGS)
     return table
 
 
@@ -61,8 +63,8 @@ def memory(processes, cells):
     table = Table(
         "Peak memory of kelvane draw", ("", "peak MB", "growth MB", "bound MB", "share of bound",
                                         "target", ""),
-        "The growth is over the drawing of next to nothing. The bound: three times the section grid "
-        f"({CELL_BYTES} bytes a cell) plus the {PICTURES} pictures; for netCDF-4 also the "
+        "The growth is over the drawing of next to nothing. The bound: three times the section "
+        f"grid ({CELL_BYTES} bytes a cell) plus the {PICTURES} pictures; for netCDF-4 also the "
         f"{CACHE_MB} MB that a chunk cache may have.")
     def add(name, size):
         def row():
@@ -85,8 +87,8 @@ def windows(path):
     """The control on a form: the file has a JSON object a line, one for each data set."""
     table = Table(
         "A frame of the 32-bit control under Wine", COLUMNS,
-        "AdvanceTime on a form of 1000x600, wall time, the least of the frames; the floor as above, "
-        "by the same library in the same process.")
+        "On a form of 1000x600, wall time, the least of the frames; the floor as above, by the "
+        "same library in the same process.")
     for line in Path(path).read_text(encoding="utf-8").splitlines():
         figures = json.loads(line)
         floor = min(*figures["columns"], *figures["box"]) + min(figures["fill"])

@@ -40,7 +40,8 @@ def all_tables(folder):
     if (folder / "processes.json").exists():
         runs = Processes()
         runs.load(folder / "processes.json")
-        tables += [processes.cold_starts(runs), processes.memory(runs, section_cells(benchmarks))]
+        tables += [processes.cold_starts(runs, benchmarks),
+                   processes.memory(runs, section_cells(benchmarks))]
     if (folder / "windows.json").exists():
         tables.append(processes.windows(folder / "windows.json"))
     if (folder / "peers.json").exists():

@@ -40,8 +40,8 @@ def frames(benchmarks):
     table = Table(
         "A frame and its parts", COLUMNS,
         "The floor is the bare netCDF calls that fetch the section's values, the quicker of a call "
-        "a column and of one call for the box around the path, with the file opened and closed, and "
-        "one fill of the picture's pixels.")
+        "a column and of one call for the box around the path, with the file opened and closed, "
+        "and one fill of the picture's pixels.")
     def add(title, what, name, size, target):
         def row():
             full = f"{what}/{name}/{size}"

@@ -93,8 +93,8 @@ class Tables(unittest.TestCase):
             "about": {"steps": 11, "judged": {"sea": 20}}})
         cold, further = peers.tables(path)
         self.assertEqual([row[0] for row in cold.rows], ["kelvane", "other"])
-        self.assertEqual(cold.rows[1][4:], ["10.0", "at least 1.00", "met"])
-        self.assertEqual(further.rows[1][3:], ["4.00", "at least 2.00", "met"])
+        self.assertEqual(cold.rows[1][4:], ["10.0", "10.0", "at least 1.00", "met"])
+        self.assertEqual(further.rows[1][3:], ["4.00", "4.00", "at least 2.00", "met"])
 
     def test_markdown_has_a_cell_for_every_column(self):
         table = Table("Title", ("", "ms", "ratio", "target", ""))
