@@ -26,6 +26,8 @@ struct Window {
 constexpr Window kClassicWindow{8192, 1, 1};
 constexpr Window kContiguousWindow{65536, 8, 30};
 
+constexpr std::size_t kLeastRequest = kMegabyte / 4;
+
 // A request to a server is worth so many bytes of an answer.
 constexpr double kRequestInBytes = 512 * 1024;
 
@@ -54,7 +56,12 @@ std::optional<AheadPlan> AheadPlan::make(const ComingReads& reads, std::size_t v
   const std::optional<Storage> storage = storageOf(reads.ncid, reads.varid, reads.rank);
   if (!storage) return std::nullopt;
   AheadPlan plan(reads, *storage, valueBytes, limits);
-  if (!plan.fits() || !plan.hasMemory()) return std::nullopt;
+  if (!plan.fits()) return std::nullopt;
+  // Smaller answers of a server are better than one for every read.
+  while (plan.isRemote() && !plan.hasMemory() && plan.limits_.request > kLeastRequest) {
+    plan.limits_.request /= 4;
+  }
+  if (!plan.hasMemory()) return std::nullopt;
   plan.setChunkCache();
   return plan;
 }
@@ -170,7 +177,7 @@ int64_t AheadPlan::mostAtOnce(const Box& box) const {
   const auto usual = static_cast<double>(kUsualBuffer);
   if (storage_.layout != Layout::Chunked) return elements(usual, each);
   // Whole chunks at a time, several small ones or at least one.
-  const double inChunks = box.cells() * static_cast<double>(chunkDepth());
+  const double inChunks = std::min(box.cells() * static_cast<double>(chunkDepth()), 1e18);
   const auto room = static_cast<double>(keepsChunks() ? limits_.buffer : limits_.buffers);
   const int64_t most = elements(std::clamp(inChunks * each, std::min(usual, room), room), each);
   const auto together = static_cast<int64_t>(inChunks);
