@@ -8,12 +8,12 @@ using support::NcMaker;
 
 void MadeSet::make(const std::string& path) const {
   NcMaker nc(path, mode);
-  std::map<char, int> dims = {
-      {'t', nc.dim(timeName, unlimitedTime ? NC_UNLIMITED : times.size())},
-      {'z', nc.dim(levelName, levels.size())},
-      {'y', nc.dim(latName, lats.size())},
-      {'x', nc.dim(lonName, lons.size())}};
-  const int t = nc.var(timeName, timeType, {dims['t']}), z = nc.var(levelName, levelType, {dims['z']});
+  std::map<char, int> dims = {{'t', nc.dim(timeName, unlimitedTime ? NC_UNLIMITED : times.size())},
+                              {'z', nc.dim(levelName, levels.size())},
+                              {'y', nc.dim(latName, lats.size())},
+                              {'x', nc.dim(lonName, lons.size())}};
+  const int t = nc.var(timeName, timeType, {dims['t']}),
+            z = nc.var(levelName, levelType, {dims['z']});
   const int y = nc.var(latName, NC_FLOAT, {dims['y']}), x = nc.var(lonName, lonType, {dims['x']});
   const auto units = [&](int variable, const std::string& text) {
     if (!text.empty()) nc.text(variable, "units", text);

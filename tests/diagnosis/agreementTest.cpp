@@ -73,9 +73,7 @@ const auto kStringAttribute = [](NcMaker& nc, int item) {
   const char* text = "degC";
   nc_put_att_string(nc.id(), item, "units", 1, &text);
 };
-const auto kLongAttribute = [](NcMaker& nc, int item) {
-  nc.number(item, "flags", NC_INT64, {1});
-};
+const auto kLongAttribute = [](NcMaker& nc, int item) { nc.number(item, "flags", NC_INT64, {1}); };
 const std::string kLongName(46, 'n');
 
 // Longitudes and latitudes of cells, on dimensions of the names given.
@@ -110,30 +108,38 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         Case{"Good", {}, Verdict::Drawable, ""},
         Case{"GoodAsNetcdf4", {.mode = k4}, Verdict::Drawable, ""},
-        Case{"Names46", {.more = [](NcMaker& nc, int) { nc.var(kLongName, NC_INT, {}); }},
-             kRefused, "variable-names"},
+        Case{"Names46",
+             {.more = [](NcMaker& nc, int) { nc.var(kLongName, NC_INT, {}); }},
+             kRefused,
+             "variable-names"},
         Case{"Names45",
              {.more = [](NcMaker& nc, int) { nc.var(kLongName.substr(1), NC_INT, {}); }},
-             Verdict::Drawable, ""},
-        Case{"DimensionName46", {.more = [](NcMaker& nc, int) { nc.dim(kLongName, 1); }},
-             kRefused, "dimension-names"},
+             Verdict::Drawable,
+             ""},
+        Case{"DimensionName46",
+             {.more = [](NcMaker& nc, int) { nc.dim(kLongName, 1); }},
+             kRefused,
+             "dimension-names"},
         Case{"AttributeName46",
              {.more = [](NcMaker& nc, int item) { nc.text(item, kLongName, "x"); }},
-             kRefused, "attribute-names"},
+             kRefused,
+             "attribute-names"},
         Case{"GlobalName46",
              {.more = [](NcMaker& nc, int) { nc.text(NC_GLOBAL, kLongName, "x"); }},
-             kRefused, "attribute-names"},
+             kRefused,
+             "attribute-names"},
         Case{"SixDimensions", {.order = "wwtzyx"}, kRefused, "variable-dimensions"},
         Case{"FiveDimensions", {.order = "wtzyx"}, Verdict::Drawable, ""},
         Case{"SixteenAttributes", {.more = kManyAttributes}, kRefused, "attribute-counts"},
         Case{"FifteenAttributes", {.more = kFifteenAttributes}, Verdict::Drawable, ""},
-        Case{"StringAttribute", {.mode = k4, .more = kStringAttribute}, kRefused,
-             "attribute-types"},
+        Case{
+            "StringAttribute", {.mode = k4, .more = kStringAttribute}, kRefused, "attribute-types"},
         Case{"Int64Attribute", {.mode = k4, .more = kLongAttribute}, kRefused, "attribute-types"},
         Case{"UbyteGlobal",
              {.mode = k4,
               .more = [](NcMaker& nc, int) { nc.number(NC_GLOBAL, "v", NC_UBYTE, {1}); }},
-             kRefused, "attribute-types"},
+             kRefused,
+             "attribute-types"},
         Case{"DeepestLast", {.levels = {0, 1}}, Verdict::Drawable, ""}),
     nameOf);
 
@@ -160,7 +166,10 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"TimeIsNan", {.times = {kNan, 1}}, kRefused, "time-dates"},
         Case{"SecondsBeyond", {.timeUnits = "s", .times = {0, 1e30}}, Verdict::Drawable, ""},
         Case{"LevelsOfInt64", {.mode = k4, .levelType = NC_INT64}, kRefused, "vertical-type"},
-        Case{"LevelsOfBytes", {.levelType = NC_BYTE, .levels = {0, 50, 100}}, kRefused, "vertical-type"},
+        Case{"LevelsOfBytes",
+             {.levelType = NC_BYTE, .levels = {0, 50, 100}},
+             kRefused,
+             "vertical-type"},
         Case{"LongitudesOfInts", {.lonType = NC_INT}, kRefused, "longitude-type"},
         Case{"LongitudesOfFloats", {.lonType = NC_FLOAT}, Verdict::Drawable, ""},
         Case{"OneLongitude", {.lons = {5}}, kRefused, "two-points"},
@@ -186,14 +195,17 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"LevelsLast", {.order = "tyxz"}, Verdict::NoValues, "readable-item"},
         Case{"LonLatOrder", {.order = "tzxy"}, Verdict::Drawable, ""},
         Case{"LevelsFirst", {.order = "ztyx"}, Verdict::Drawable, ""},
-        Case{"ItemOfInt64", {.mode = k4, .itemType = NC_INT64}, Verdict::NoValues,
-             "readable-item"},
+        Case{"ItemOfInt64", {.mode = k4, .itemType = NC_INT64}, Verdict::NoValues, "readable-item"},
         Case{"ItemOfBytes", {.itemType = NC_BYTE}, Verdict::Drawable, ""},
         Case{"ItemOfDoubles", {.itemType = NC_DOUBLE}, Verdict::Drawable, ""},
         Case{"TwoItems",
              {.order = "zyx",
-              .more = [](NcMaker& nc, int) { nc.var("r", NC_SHORT, {0, 1, 2, 3}); }},
-             Verdict::Drawable, ""},
+              .more =
+                  [](NcMaker& nc, int) {
+                    nc.var("r", NC_SHORT, {0, 1, 2, 3});
+                  }},
+             Verdict::Drawable,
+             ""},
         Case{"EndsAtTheSurface", {.levels = {200, 50, 0}}, Verdict::NotDrawn, "deepest-level"},
         Case{"OneLevelAtZero", {.levels = {0}}, Verdict::NotDrawn, "deepest-level"},
         Case{"NegativeLevels", {.levels = {0, -50, -200}}, Verdict::Drawable, ""},

@@ -26,8 +26,7 @@ void pathOverTheGrid(control::KelvaneCtl& control) {
 
 bool reads(control::KelvaneCtl& control, const std::string& item) {
   ncf.grid_order = -1;  // as for the first item of a session
-  return control.SetVarByName(item) == 1 &&
-         KelvaneMain::ReadVSData(KelvaneMain::VarShown, 1) > 0;
+  return control.SetVarByName(item) == 1 && KelvaneMain::ReadVSData(KelvaneMain::VarShown, 1) > 0;
 }
 
 }  // namespace

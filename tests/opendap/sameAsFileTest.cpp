@@ -104,6 +104,16 @@ class TheTool : public testing::Test {
     }
     return text;
   }
+  // A listing without what a server adds: its own form of data set, and attributes with long names.
+  static std::string comparable(const std::string& listing) {
+    std::istringstream lines(listing);
+    std::string text;
+    for (std::string line; std::getline(lines, line);) {
+      const auto has = [&](const char* title) { return line.find(title) != std::string::npos; };
+      if (!has("The data set is there") && !has("Names of attributes")) text += line + "\n";
+    }
+    return text;
+  }
   void expectSame(const std::string& file, std::vector<std::string> arguments) {
     const std::string name = samples() + "/" + file;
     arguments.insert(arguments.begin() + 1, name);
@@ -113,7 +123,7 @@ class TheTool : public testing::Test {
     EXPECT_EQ(local.status, 0) << local.err;
     EXPECT_EQ(remote.status, 0) << remote.err;
     EXPECT_EQ(remote.err, local.err);
-    EXPECT_EQ(replaced(remote.out, server.url(file), name), local.out);
+    EXPECT_EQ(comparable(replaced(remote.out, server.url(file), name)), comparable(local.out));
     EXPECT_GT(local.out.size(), 100U);
   }
 
@@ -131,9 +141,9 @@ TEST_F(TheTool, ListsTheUnlimitedDimensionOfAServedFileFirst) {
   const cli_test::Result remote = kelvane({"info", server.url("ocean_atlas_subset.nc")});
   const std::string inFile = "XAX_SUBSET 180, YAX_SUBSET 90, ZAXLEVIT19 19, TIME 12 (unlimited)";
   const std::string served = "TIME 12 (unlimited), XAX_SUBSET 180, YAX_SUBSET 90, ZAXLEVIT19 19";
-  EXPECT_EQ(replaced(replaced(remote.out, server.url("ocean_atlas_subset.nc"), OCEAN_ATLAS), served,
-                     inFile),
-            local.out);
+  const std::string remoteNamed =
+      replaced(remote.out, server.url("ocean_atlas_subset.nc"), OCEAN_ATLAS);
+  EXPECT_EQ(comparable(replaced(remoteNamed, served, inFile)), comparable(local.out));
   EXPECT_NE(remote.out.find(served), std::string::npos);
 }
 

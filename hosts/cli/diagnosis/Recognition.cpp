@@ -52,10 +52,11 @@ void fillCatalogue(const SetHeader& header) {
   ncf.NcFileName = name;
   ncf.NcId = id;
   for (const SetHeader::Dimension& dimension : header.dimensions) {
-    ncf.NcDims.push({.Name = dimension.name,
-                     .Length = static_cast<int32_t>(std::min<std::size_t>(dimension.length, INT32_MAX)),
-                     .Unlimited = dimension.unlimited ? 1 : 0,
-                     .Reserved = 0});
+    ncf.NcDims.push(
+        {.Name = dimension.name,
+         .Length = static_cast<int32_t>(std::min<std::size_t>(dimension.length, INT32_MAX)),
+         .Unlimited = dimension.unlimited ? 1 : 0,
+         .Reserved = 0});
   }
   for (const SetHeader::Variable& variable : header.variables) {
     ncf.NcVars.push(catalogued(header, variable));
@@ -107,7 +108,8 @@ Recognition::Axis axis(const SetHeader& header, int32_t variable, int32_t dimens
 // As the control stores it; what is beyond the range of a single is infinite here.
 double single(double value) {
   constexpr double largest = 0x1.fffffep127;
-  if (std::fabs(value) > largest) return std::copysign(std::numeric_limits<double>::infinity(), value);
+  if (std::fabs(value) > largest)
+    return std::copysign(std::numeric_limits<double>::infinity(), value);
   return static_cast<double>(static_cast<float>(value));
 }
 

@@ -204,9 +204,9 @@ std::vector<double> readCoordinate(int ncid, const SetHeader& header, int variab
 }
 
 std::string typeName(int type) {
-  static constexpr const char* names[] = {"none",   "byte",  "char",   "short", "int",
-                                          "float",  "double", "ubyte", "ushort", "uint",
-                                          "int64",  "uint64", "string"};
+  static constexpr const char* names[] = {"none",  "byte",   "char",  "short",  "int",
+                                          "float", "double", "ubyte", "ushort", "uint",
+                                          "int64", "uint64", "string"};
   if (type >= NC_NAT && type <= NC_STRING) return names[type];
   return "type " + std::to_string(type);
 }

@@ -34,10 +34,10 @@ std::string unitsOf(const SetHeader::Variable& variable) {
 struct Horizontal {
   const char *rule, *title, *keyword, *standardName, *units, *axis;
 };
-constexpr Horizontal kLongitude = {"longitude", "A longitude is found",        "LON", "longitude",
-                                   "degrees_east", "X"};
-constexpr Horizontal kLatitude = {"latitude", "A latitude is found", "LAT", "latitude",
-                                  "degrees_north", "Y"};
+constexpr Horizontal kLongitude = {"longitude", "A longitude is found", "LON",
+                                   "longitude", "degrees_east",         "X"};
+constexpr Horizontal kLatitude = {"latitude", "A latitude is found", "LAT",
+                                  "latitude", "degrees_north",       "Y"};
 
 bool looksLike(const SetHeader::Variable& variable, const Horizontal& words) {
   return hasPrefix(variable.name, words.keyword) ||
@@ -51,12 +51,13 @@ Evidence whyNotFound(const SetHeader& header, const Horizontal& words) {
     const std::string units = unitsOf(variable);
     const std::string said =
         variable.keyword("UNIT") == nullptr ? "has no units" : "has the units " + quoted(units);
-    return {quoted(variable.name) + " " + said + ", where degrees are wanted, as in " +
-                quoted(words.units),
+    const bool named = hasPrefix(variable.name, words.keyword);
+    return {quoted(variable.name) + " " + said + ", where " + (named ? "degrees are" : "it takes") +
+                (named ? " wanted, as in " : " ") + quoted(words.units),
             variable.name, units, "attribute units of " + quoted(variable.name)};
   }
-  return {std::string("no ") + words.rule + ": no variable has units like " + quoted(words.units), "",
-          "", "variable"};
+  return {std::string("no ") + words.rule + ": no variable has units like " + quoted(words.units),
+          "", "", "variable"};
 }
 
 Check checkHorizontal(const SetHeader& header, const Recognition::Axis& axis,
@@ -96,11 +97,14 @@ Check checkGrid(const SetHeader& header, const Recognition& found) {
 Check checkCells(const SetHeader& header, const Recognition& found) {
   std::optional<Evidence> against;
   if (found.cellList < 0 && found.cellsI < 0) {
-    against = Evidence{"the grid is one of cells, but no dimension's name begins with x, icel or ncell", "", "", "dimension"};
+    against =
+        Evidence{"the grid is one of cells, but no dimension's name begins with x, icel or ncell",
+                 "", "", "dimension"};
   } else if (found.cellList < 0 && found.cellsJ < 0) {
-    against = Evidence{"the grid is one of cells, but beside " + quoted(nameOf(header, found.cellsI)) +
-                           " no dimension's name begins with y or jcel",
-                       nameOf(header, found.cellsI), "", "dimension"};
+    against =
+        Evidence{"the grid is one of cells, but beside " + quoted(nameOf(header, found.cellsI)) +
+                     " no dimension's name begins with y or jcel",
+                 nameOf(header, found.cellsI), "", "dimension"};
   }
   std::string text;
   if (found.cellsI >= 0 && found.cellsJ >= 0) {
@@ -115,24 +119,29 @@ Check checkCells(const SetHeader& header, const Recognition& found) {
 const char* const kVerticalTitle =
     "A vertical axis is found: one dimension, named level, sigma, z, layer or depth (or begins so)";
 
+bool isVerticalByUse(const SetHeader::Variable& variable) {
+  return variable.dimensions.size() == 1 &&
+         (variable.attribute("axis") == "Z" || !variable.attribute("positive").empty() ||
+          hasPrefix(variable.name, "LEV") || hasPrefix(variable.name, "PLEV") ||
+          hasPrefix(variable.name, "PRES") || hasPrefix(variable.name, "S_RHO"));
+}
+
+bool isVerticalByName(const SetHeader::Variable& variable) {
+  const auto named = [&](const char* keyword) { return hasPrefix(variable.name, keyword); };
+  return named("LEVEL") || named("SIGMA") || named("Z") || named("LAYER") || named("DEPTH");
+}
+
 Evidence whyNoVertical(const SetHeader& header) {
-  for (const SetHeader::Variable& variable : header.variables) {
-    const std::string name = ocxStrings::upper(variable.name.substr(0, 5));
-    const bool named = hasPrefix(name, "LEVEL") || hasPrefix(name, "SIGMA") ||
-                       hasPrefix(name, "Z") || hasPrefix(name, "LAYER") || hasPrefix(name, "DEPTH");
-    if (!named || variable.dimensions.size() == 1) continue;
-    return {quoted(variable.name) + " lies on " + header.shapeOf(variable) +
-                ", where one dimension is wanted",
-            variable.name, header.shapeOf(variable), "variable"};
+  const auto& variables = header.variables;
+  if (const auto use = std::ranges::find_if(variables, isVerticalByUse); use != variables.end()) {
+    return {quoted(use->name) + " is a vertical axis by its attributes or use, but not by its name",
+            use->name, use->name, "variable"};
   }
-  for (const SetHeader::Variable& variable : header.variables) {
-    const bool vertical =
-        variable.attribute("axis") == "Z" || !variable.attribute("positive").empty() ||
-        hasPrefix(variable.name, "LEV") || hasPrefix(variable.name, "PLEV") ||
-        hasPrefix(variable.name, "PRES") || hasPrefix(variable.name, "S_RHO");
-    if (!vertical || variable.dimensions.size() != 1) continue;
-    return {quoted(variable.name) + " is a vertical axis by its attributes or use, but not by its name",
-            variable.name, variable.name, "variable"};
+  if (const auto name = std::ranges::find_if(variables, isVerticalByName);
+      name != variables.end()) {
+    return {quoted(name->name) + " lies on " + header.shapeOf(*name) +
+                ", where one dimension is wanted",
+            name->name, header.shapeOf(*name), "variable"};
   }
   return {"no vertical axis: no variable of one dimension has such a name", "", "", "variable"};
 }
@@ -143,10 +152,10 @@ Check checkVertical(const SetHeader& header, const Recognition& found) {
   }
   const SetHeader::Variable& variable = variableOf(header, found.vertical);
   const std::size_t levels = lengthOf(header, found.vertical.dimension);
-  return checked("vertical", kVerticalTitle, Stage::Opening, std::nullopt,
-                 {quoted(variable.name) + header.shapeOf(variable) + ", " +
-                      counted(levels, "level"),
-                  variable.name, std::to_string(levels), "variable"});
+  return checked(
+      "vertical", kVerticalTitle, Stage::Opening, std::nullopt,
+      {quoted(variable.name) + header.shapeOf(variable) + ", " + counted(levels, "level"),
+       variable.name, std::to_string(levels), "variable"});
 }
 
 Check checkItems(const SetHeader& header, const Recognition& found) {
@@ -160,8 +169,8 @@ Check checkItems(const SetHeader& header, const Recognition& found) {
                        nameOf(header, found.vertical.dimension), "", "dimension"};
   }
   return checked(rule, title, Stage::Opening, against,
-                 {counted(found.items.size(), "variable"), "",
-                  std::to_string(found.items.size()), "variable"});
+                 {counted(found.items.size(), "variable"), "", std::to_string(found.items.size()),
+                  "variable"});
 }
 
 bool isAxisType(int type) { return type >= NC_SHORT && type <= NC_DOUBLE; }
@@ -174,12 +183,12 @@ void checkAxisType(const SetHeader& header, const Recognition::Axis& axis, const
   const std::string type = typeName(variable.type);
   std::optional<Evidence> against;
   if (!isAxisType(variable.type)) {
-    against = Evidence{quoted(variable.name) + " is of type " + type, variable.name, type,
-                       "variable"};
+    against =
+        Evidence{quoted(variable.name) + " is of type " + type, variable.name, type, "variable"};
   }
-  checks.push_back(checked(rule, title, Stage::Opening, against,
-                           {quoted(variable.name) + " is of type " + type, variable.name, type,
-                            "variable"}));
+  checks.push_back(
+      checked(rule, title, Stage::Opening, against,
+              {quoted(variable.name) + " is of type " + type, variable.name, type, "variable"}));
 }
 
 // The dates of the first and the last step are made at the opening.
@@ -196,13 +205,12 @@ void checkDates(const SetHeader& header, const Recognition& found, std::vector<C
                            unitsOf(variable) + ", outside the years 100 to 9999",
                        variable.name, generalText(value), "value of the variable"};
   }
-  checks.push_back(checked("time-dates", "The time steps are dates of the calendar",
-                           Stage::Opening, against,
-                           {util::isDate(units.dateOf(found.time.values.front()))
-                                ? "the first is " +
-                                      util::dateText(units.dateOf(found.time.values.front()))
-                                : std::string(),
-                            variable.name, "", "variable"}));
+  checks.push_back(
+      checked("time-dates", "The time steps are dates of the calendar", Stage::Opening, against,
+              {util::isDate(units.dateOf(found.time.values.front()))
+                   ? "the first is " + util::dateText(units.dateOf(found.time.values.front()))
+                   : std::string(),
+               variable.name, "", "variable"}));
 }
 
 Check checkCoordinateType(const SetHeader& header, const Recognition& found) {

@@ -70,7 +70,7 @@ Check checkRanks(const SetHeader& header) {
     const std::size_t rank = variable.dimensions.size();
     most = std::max(most, rank);
     if (rank <= kDimensions) continue;
-    offenders.add({quoted(variable.name) + " has " + std::to_string(rank) + ": " +
+    offenders.add({quoted(variable.name) + " has " + counted(rank, "dimension") + ": " +
                        header.shapeOf(variable),
                    variable.name, std::to_string(rank), "variable"});
   }
@@ -86,7 +86,7 @@ Check checkAttributeCounts(const SetHeader& header) {
     const std::size_t count = variable.attributes.size();
     most = std::max(most, count);
     if (count <= kAttributes) continue;
-    offenders.add({quoted(variable.name) + " has " + std::to_string(count), variable.name,
+    offenders.add({quoted(variable.name) + " has " + counted(count, "attribute"), variable.name,
                    std::to_string(count), "variable"});
   }
   const std::string number = std::to_string(most);
@@ -158,7 +158,9 @@ void checkHeader(const SetHeader& header, bool atAddress, std::vector<Check>& ch
   checks.push_back(checkNames("attribute-names", "Names of attributes have 45 bytes at most",
                               attributes, "attribute"));
   checks.push_back(checkAttributeTypes(header));
-  if (atAddress && !header.variables.empty()) checks.push_back(checkAnyAttribute(header));
+  if (!atAddress || header.variables.empty()) return;
+  const Check any = checkAnyAttribute(header);
+  if (any.state == State::Failed) checks.push_back(any);
 }
 
 }  // namespace cli::diagnosis

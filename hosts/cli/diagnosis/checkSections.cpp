@@ -45,31 +45,33 @@ Check checkTime(const SetHeader& header, const Recognition& found) {
         header.dimensions[static_cast<std::size_t>(found.time.dimension)].length;
     std::optional<Evidence> against;
     if (steps < 1) {
-      against = Evidence{quoted(variable.name) + " has no step yet", variable.name, "0",
-                         "dimension"};
+      against =
+          Evidence{quoted(variable.name) + " has no step yet", variable.name, "0", "dimension"};
     }
-    return checked("time", title, Stage::Values, against,
-                   {quoted(variable.name) + header.shapeOf(variable) + ", " +
-                        counted(steps, "step"),
-                    variable.name, std::to_string(steps), "variable"});
+    return checked(
+        "time", title, Stage::Values, against,
+        {quoted(variable.name) + header.shapeOf(variable) + ", " + counted(steps, "step"),
+         variable.name, std::to_string(steps), "variable"});
   }
   for (const SetHeader::Variable& variable : header.variables) {
     const bool standard = variable.attribute("standard_name") == "time";
     if (!standard && variable.attribute("axis") != "T") continue;
     const bool oneDimension = variable.dimensions.size() == 1;
-    return checked("time", title, Stage::Values,
-                   Evidence{quoted(variable.name) +
-                                (oneDimension ? " is the time axis by its attributes, but not by its name"
-                                              : " lies on " + header.shapeOf(variable) +
-                                                    ", where one dimension is wanted"),
-                            variable.name, "", "variable"},
-                   {});
+    return checked(
+        "time", title, Stage::Values,
+        Evidence{quoted(variable.name) +
+                     (oneDimension ? " is the time axis by its attributes, but not by its name"
+                                   : " lies on " + header.shapeOf(variable) +
+                                         ", where one dimension is wanted"),
+                 variable.name, "", "variable"},
+        {});
   }
-  return checked("time", title, Stage::Values,
-                 Evidence{"no time axis: no variable of one dimension has such a name, and values are "
-                          "read by time step only",
-                          "", "", "variable"},
-                 {});
+  return checked(
+      "time", title, Stage::Values,
+      Evidence{"no time axis: no variable of one dimension has such a name, and values are "
+               "read by time step only",
+               "", "", "variable"},
+      {});
 }
 
 Check checkLevels(const SetHeader& header, const Recognition& found) {
@@ -96,8 +98,7 @@ Check checkReadable(const Recognition& found, const std::vector<VariableFinding>
   const VariableFinding& first = variables[static_cast<std::size_t>(found.items.front())];
   std::optional<Evidence> against;
   if (readable.empty()) {
-    against = Evidence{quoted(first.name) + ": " + first.reason +
-                           andMore(found.items.size() - 1),
+    against = Evidence{quoted(first.name) + andMore(found.items.size() - 1) + ": " + first.reason,
                        first.name, "", "variable"};
   }
   return checked(rule, title, Stage::Values, against,
@@ -130,8 +131,7 @@ Check checkDeepest(const SetHeader& header, const Recognition& found) {
 void checkSections(const SetHeader& header, const Recognition& found,
                    const std::vector<VariableFinding>& variables, std::vector<Check>& checks) {
   checks.push_back(checkDirection(header, found.longitude, "longitude-direction",
-                                  "Longitudes run from west to east", "runs east to west",
-                                  "dlon"));
+                                  "Longitudes run from west to east", "runs east to west", "dlon"));
   checks.push_back(checkDirection(header, found.latitude, "latitude-direction",
                                   "Latitudes run from south to north", "runs north to south",
                                   "dlat"));

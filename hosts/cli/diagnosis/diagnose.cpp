@@ -38,13 +38,15 @@ constexpr const char* kOpenTitle = "The data set is there and can be read";
 
 void addChecks(const SetHeader& header, const Recognition& found, Diagnosis& diagnosis) {
   std::vector<Check>& checks = diagnosis.checks;
-  diagnosis.format = formatName(header.format);
-  checks.push_back(checked("readable", kOpenTitle, Stage::Opening, std::nullopt,
-                           {diagnosis.format + ", " +
-                                counted(header.dimensions.size(), "dimension") + ", " +
-                                counted(header.variables.size(), "variable"),
-                            "", diagnosis.format, "data set"}));
-  checkHeader(header, ocxNetNc::isAddress(ncf.NcFileName), checks);
+  // The library makes every data set at an address look like a classic file.
+  const bool atAddress = ocxNetNc::isAddress(ncf.NcFileName);
+  diagnosis.format = atAddress ? "OPeNDAP" : formatName(header.format);
+  checks.push_back(
+      checked("readable", kOpenTitle, Stage::Opening, std::nullopt,
+              {diagnosis.format + ", " + counted(header.dimensions.size(), "dimension") + ", " +
+                   counted(header.variables.size(), "variable"),
+               "", diagnosis.format, "data set"}));
+  checkHeader(header, atAddress, checks);
   checkAxes(header, found, checks);
   diagnosis.variables = judgeVariables(header, found);
   checkSections(header, found, diagnosis.variables, checks);
@@ -76,11 +78,10 @@ void addTrial(const DataSetFacts& facts, control::KelvaneCtl& control, TerminalD
   }
   const Stage stages[] = {Stage::Opening, Stage::Opening, Stage::Section,
                           Stage::Values,  Stage::Drawing, Stage::Drawing};
-  diagnosis.checks.push_back(
-      checked(kTrialRule, title, stages[static_cast<std::size_t>(trial.verdict)], against,
-              {quoted(trial.item) + " along " +
-                   counted(static_cast<std::size_t>(trial.columns), "column"),
-               trial.item, std::to_string(trial.columns), "columns"}));
+  diagnosis.checks.push_back(checked(
+      kTrialRule, title, stages[static_cast<std::size_t>(trial.verdict)], against,
+      {quoted(trial.item) + " along " + counted(static_cast<std::size_t>(trial.columns), "column"),
+       trial.item, std::to_string(trial.columns), "columns"}));
 }
 
 // What is against the whole data set is against each of its variables.
@@ -118,8 +119,8 @@ std::string summaryOf(const Diagnosis& diagnosis) {
 // Nothing but the opening was tried, and it failed.
 Diagnosis unreadable(const std::string& reason) {
   Diagnosis diagnosis;
-  diagnosis.checks.push_back(checked("readable", kOpenTitle, Stage::Opening,
-                                     Evidence{reason, "", "", "data set"}, {}));
+  diagnosis.checks.push_back(
+      checked("readable", kOpenTitle, Stage::Opening, Evidence{reason, "", "", "data set"}, {}));
   diagnosis.summary = summaryOf(diagnosis);
   diagnosis.advice = "No command helps before it can be read.";
   return diagnosis;
@@ -155,7 +156,7 @@ Examination examine(const std::string& dataSet) {
   addTrial(result.facts, control, desktop, result.diagnosis);
   judgeInTheEnd(result.diagnosis);
   result.diagnosis.summary = summaryOf(result.diagnosis);
-  findRemedy(result.facts.dataSet, header, found, result.diagnosis);
+  findRemedy(dataSet, found, result.diagnosis);
   return result;
 }
 

@@ -13,11 +13,10 @@ constexpr std::size_t kFewest = 3;
 
 // What a variable serves as, if it is one of the axes.
 std::string roleOf(const Recognition& found, int variable) {
-  const std::pair<const Recognition::Axis*, const char*> roles[] = {
-      {&found.longitude, "longitude"},
-      {&found.latitude, "latitude"},
-      {&found.time, "time"},
-      {&found.vertical, "vertical"}};
+  const std::pair<const Recognition::Axis*, const char*> roles[] = {{&found.longitude, "longitude"},
+                                                                    {&found.latitude, "latitude"},
+                                                                    {&found.time, "time"},
+                                                                    {&found.vertical, "vertical"}};
   for (const auto& [axis, role] : roles) {
     if (axis->variable == variable) return role;
   }
@@ -58,8 +57,8 @@ std::string whyNotRead(const SetHeader& header, const Recognition& found,
                        const SetHeader::Variable& variable) {
   if (!found.isRegular()) return "longitude and latitude are no axes";
   if (!endsHorizontally(found, variable.dimensions)) {
-    return "its last two dimensions are not " + nameOf(header, found.latitude.dimension) +
-           " and " + nameOf(header, found.longitude.dimension);
+    return "its last two dimensions are not " + nameOf(header, found.latitude.dimension) + " and " +
+           nameOf(header, found.longitude.dimension);
   }
   const int level = found.vertical.dimension;
   if (level == found.longitude.dimension || level == found.latitude.dimension) {
@@ -104,8 +103,8 @@ std::vector<VariableFinding> judgeVariables(const SetHeader& header, const Recog
     finding.suited = finding.reason.empty();
     if (!finding.suited && !finding.role.empty()) {
       const bool horizontal = finding.role.starts_with('l');
-      finding.reason = horizontal ? "it holds the " + finding.role + "s"
-                                  : "it is the " + finding.role + " axis";
+      finding.reason =
+          horizontal ? "it holds the " + finding.role + "s" : "it is the " + finding.role + " axis";
     }
     findings.push_back(std::move(finding));
   }

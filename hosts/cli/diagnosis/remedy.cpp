@@ -2,24 +2,23 @@
 
 #include <algorithm>
 #include <cmath>
-#include <set>
 
-#include "diagnosis/checkList.h"
-#include "netcdf/ncf.h"
+#include "failures.h"
+#include "fit/NetcdfInput.h"
+#include "fit/makePlan.h"
+#include "netcdf/remoteName.h"
 #include "util/numberText.h"
 #include "util/ocxStrings.h"
 
 namespace cli::diagnosis {
 namespace {
 
-using ocxStrings::hasPrefix;
-
 // Warnings of what a fitted copy does not have any more, of those that make a picture wrong.
-constexpr const char* kWrongPictures[] = {"levels-upward",   "levels-unsorted", "negative-levels",
-                                          "positive-up",     "pressure-levels", "uneven-spacing",
-                                          "zero-fill",       "mixed-order",     "two-missing-values",
-                                          "unknown-time-unit", "unread-origin", "unsigned-values",
-                                          "longitudes-backward", "attribute-prefix"};
+constexpr const char* kWrongPictures[] = {
+    "levels-upward",       "levels-unsorted",   "negative-levels", "positive-up",
+    "pressure-levels",     "uneven-spacing",    "zero-fill",       "mixed-order",
+    "two-missing-values",  "unknown-time-unit", "unread-origin",   "unsigned-values",
+    "longitudes-backward", "attribute-prefix",  "month-axis"};
 
 bool isWrong(const Warning& warning) {
   return std::ranges::find(kWrongPictures, warning.kind) != std::end(kWrongPictures);
@@ -61,104 +60,68 @@ std::string copyName(const std::string& dataSet) {
   return name + "-fit.nc";
 }
 
-bool isLongitude(const SetHeader::Variable& variable) {
-  const SetHeader::Attribute* units = variable.keyword("UNIT");
-  return variable.attribute("standard_name") == "longitude" ||
-         (hasPrefix(variable.name, "LON") &&
-          (units == nullptr || hasPrefix(units->text, "DEGREE"))) ||
-         (units != nullptr && hasPrefix(units->text, "DEGREES_EAST"));
+// What an option is given in the words of a refusal that asks for it: "--grid 0.5,0.5".
+std::string optionIn(const std::string& refusal, const std::string& option) {
+  const std::size_t at = refusal.find(option + " ");
+  if (at == std::string::npos) return {};
+  const std::size_t from = at + option.size() + 1;
+  std::string value = refusal.substr(from, refusal.find_first_of(" \n;)", from) - from);
+  while (!value.empty() && (value.back() == '.' || value.back() == ',')) value.pop_back();
+  return value;
 }
 
-bool isLatitude(const SetHeader::Variable& variable) {
-  const SetHeader::Attribute* units = variable.keyword("UNIT");
-  return variable.attribute("standard_name") == "latitude" ||
-         (hasPrefix(variable.name, "LAT") &&
-          (units == nullptr || hasPrefix(units->text, "DEGREE"))) ||
-         (units != nullptr && hasPrefix(units->text, "DEGREES_NORTH"));
-}
-
-bool isTime(const SetHeader& header, int dimension) {
-  if (hasPrefix(header.dimensions[static_cast<std::size_t>(dimension)].name, "TIME")) return true;
-  return std::ranges::any_of(header.variables, [&](const SetHeader::Variable& variable) {
-    if (variable.dimensions != std::vector<int>{dimension}) return false;
-    const SetHeader::Attribute* units = variable.keyword("UNIT");
-    return variable.attribute("standard_name") == "time" || hasPrefix(variable.name, "TIME") ||
-           (units != nullptr && units->text.find(" since ") != std::string::npos);
-  });
-}
-
-// What a copy is made from.
-struct Material {
-  const SetHeader::Variable* longitude = nullptr;
-  const SetHeader::Variable* latitude = nullptr;
-  const SetHeader::Variable* data = nullptr;  // with levels, over longitude and latitude
-  std::string lacking;                        // what there is none of
-};
-
-Material materialOf(const SetHeader& header) {
-  Material material;
-  const auto first = [&](const auto& test) -> const SetHeader::Variable* {
-    const auto at = std::ranges::find_if(header.variables, test);
-    return at == header.variables.end() ? nullptr : &*at;
-  };
-  material.longitude = first(isLongitude);
-  material.latitude = first(isLatitude);
-  if (material.longitude == nullptr || material.latitude == nullptr) {
-    material.lacking = std::string("it holds no ") +
-                       (material.longitude == nullptr ? "longitudes" : "latitudes");
-    return material;
+// Adds what a refusal asks for to the request; false when it asks for nothing, or again.
+bool grant(const std::string& refusal, fit::Request& request, std::string& options) {
+  const std::string grid = optionIn(refusal, "--grid");
+  if (const auto spacing = fit::readSpacing(grid); spacing && !request.grid) {
+    request.grid = spacing;
+    options += " --grid " + grid;
+    return true;
   }
-  std::set<int> places(material.longitude->dimensions.begin(), material.longitude->dimensions.end());
-  places.insert(material.latitude->dimensions.begin(), material.latitude->dimensions.end());
-  material.data = first([&](const SetHeader::Variable& variable) {
-    constexpr int text = 2;
-    if (variable.type == text) return false;
-    std::size_t others = 0;
-    for (const int dimension : variable.dimensions) {
-      if (!places.contains(dimension) && !isTime(header, dimension)) ++others;
-    }
-    return others > 0 && std::ranges::all_of(places, [&](int place) { return variable.has(place); });
-  });
-  if (material.data == nullptr) {
-    material.lacking = "no variable has levels beside longitude and latitude";
+  const std::string select = optionIn(refusal, "--select");
+  const auto selected = fit::readSelected(select);
+  if (!selected) return false;
+  for (const fit::Selected& before : request.selected) {
+    if (before.dimension == selected->dimension) return false;
   }
-  return material;
+  request.selected.push_back(*selected);
+  options += " --select " + shellWord(select);
+  return true;
 }
 
-// A spacing of 1, 2 or 5 times a power of ten, near to the mean one of places in both directions.
-std::string gridOption(const SetHeader& header, const Recognition& found,
-                       const Material& material) {
-  const double points = header.elementsOf(*material.longitude);
-  double spacing = 1;
-  const auto spanOf = [](const std::vector<double>& values) {
-    const auto [low, high] = std::ranges::minmax(values);
-    return high - low;
-  };
-  if (!found.longitude.values.empty() && !found.latitude.values.empty()) {
-    const double area = std::min(spanOf(found.longitude.values), 360.0) *
-                        std::min(spanOf(found.latitude.values), 180.0);
-    if (area > 0 && std::isfinite(area)) spacing = std::sqrt(area / points);
-  }
-  const double power = std::pow(10, std::floor(std::log10(spacing)));
-  const double digit = spacing / power;
-  const double rounded = (digit < 1.5 ? 1 : digit < 3.5 ? 2 : digit < 7.5 ? 5 : 10) * power;
-  const std::string text = util::generalText(static_cast<float>(rounded));
-  return " --grid " + text + "," + text;
-}
-
-std::string selections(const SetHeader& header, const Material& material) {
+// Plans a copy, with the options that the planning asks for. Sets the command, or the reason why
+// there can be no copy.
+void planCopy(const std::string& dataSet, const std::string& shown, const std::string& grid,
+              Diagnosis& diagnosis) {
+  fit::Request request;
   std::string options;
-  const std::vector<int>& dimensions = material.data->dimensions;
-  std::size_t excess = dimensions.size() > ocxNetNc::kDimensionLimit
-                           ? dimensions.size() - ocxNetNc::kDimensionLimit
-                           : 0;
-  for (const int dimension : dimensions) {
-    if (excess == 0 || isTime(header, dimension)) continue;
-    options += " --select " +
-               shellWord(header.dimensions[static_cast<std::size_t>(dimension)].name + "=1");
-    --excess;
+  if (!grid.empty()) grant("--grid " + grid, request, options);
+  for (;;) {
+    try {
+      const fit::NetcdfInput input(dataSet);
+      fit::makePlan(input, request);
+      diagnosis.command =
+          "kelvane fit " + shellWord(shown) + " " + shellWord(copyName(shown)) + options;
+      return;
+    } catch (const Failure& refusal) {
+      if (grant(refusal.what(), request, options)) continue;
+      diagnosis.advice = std::string("No command helps: ") + refusal.what();
+      return;
+    }
   }
-  return options;
+}
+
+// The grid that an unevenly spaced one is to be put on; empty for an even one.
+std::string evenGrid(const Recognition& found, const std::vector<Warning>& warnings) {
+  if (std::ranges::find(warnings, "uneven-spacing", &Warning::kind) == warnings.end()) return {};
+  if (found.longitude.values.size() < 2 || found.latitude.values.size() < 2) return {};
+  std::string grid;
+  for (const auto& values : {unwrapped(found.longitude.values), found.latitude.values}) {
+    const double spacing = std::fabs(spacingOf(values));
+    if (!(spacing > 0) || !std::isfinite(spacing)) return {};
+    grid += (grid.empty() ? "" : ",") + shortNumber(spacing, spacing);
+  }
+  return grid;
 }
 
 }  // namespace
@@ -168,31 +131,26 @@ std::string shellWord(const std::string& word) {
       "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_-+=,.:/@%";
   if (!word.empty() && word.find_first_not_of(plain) == std::string::npos) return word;
   std::string quotedWord = "'";
-  for (const char letter : word) quotedWord += letter == '\'' ? std::string("'\\''") : std::string(1, letter);
+  for (const char letter : word)
+    quotedWord += letter == '\'' ? std::string("'\\''") : std::string(1, letter);
   return quotedWord + "'";
 }
 
-void findRemedy(const std::string& dataSet, const SetHeader& header, const Recognition& found,
-                Diagnosis& diagnosis) {
-  const bool wrong = std::ranges::any_of(diagnosis.warnings, isWrong);
-  if (diagnosis.verdict == Verdict::Drawable && !wrong) {
-    diagnosis.command = drawCommand(dataSet, found, diagnosis);
-    diagnosis.advice = "It can be drawn as it is:";
-    return;
+void findRemedy(const std::string& dataSet, const Recognition& found, Diagnosis& diagnosis) {
+  const std::string shown = ocxNetNc::withoutCredentials(dataSet);
+  const bool drawable = diagnosis.verdict == Verdict::Drawable;
+  if (!drawable || std::ranges::any_of(diagnosis.warnings, isWrong)) {
+    planCopy(dataSet, shown, evenGrid(found, diagnosis.warnings), diagnosis);
+    if (!diagnosis.command.empty()) {
+      diagnosis.advice = drawable
+                             ? "A fitted copy has none of what the warnings say is drawn wrongly:"
+                             : "A copy that the control can draw is made by:";
+      return;
+    }
   }
-  const Material material = materialOf(header);
-  if (!material.lacking.empty()) {
-    diagnosis.advice = "No command helps: " + material.lacking + ".";
-    return;
-  }
-  std::string options = selections(header, material);
-  const bool placed = found.longitude.dimension >= 0 && found.latitude.dimension >= 0;
-  if (!placed) options += gridOption(header, found, material);
-  diagnosis.command =
-      "kelvane fit " + shellWord(dataSet) + " " + shellWord(copyName(dataSet)) + options;
-  diagnosis.advice = diagnosis.verdict == Verdict::Drawable
-                         ? "A fitted copy has none of what the warnings say is drawn wrongly:"
-                         : "A copy that the control can draw is made by:";
+  if (!drawable) return;
+  diagnosis.command = drawCommand(shown, found, diagnosis);
+  diagnosis.advice = "It can be drawn as it is:";
 }
 
 }  // namespace cli::diagnosis

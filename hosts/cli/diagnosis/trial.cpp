@@ -20,8 +20,8 @@ void givePath(control::KelvaneCtl& control) {
   if (ncf.lon_values.empty() || ncf.lat_values.empty()) return;
   const auto point = [](const ocxNetNc::CoordinateValues& values, float spacing, double cells) {
     const int32_t middle = std::max(values.size() / 2, 1);
-    const double place = static_cast<double>(values(1)) +
-                         static_cast<double>(spacing) * (middle - 1 + cells);
+    const double place =
+        static_cast<double>(values(1)) + static_cast<double>(spacing) * (middle - 1 + cells);
     return static_cast<float>(place);
   };
   for (const double cells : {0.5, 2.5}) {

@@ -2,9 +2,9 @@
 
 #include <string>
 
+#include "TerminalDesktop.h"
 #include "control/KelvaneCtl.h"
 #include "diagnosis/Diagnosis.h"
-#include "TerminalDesktop.h"
 
 namespace cli::diagnosis {
 

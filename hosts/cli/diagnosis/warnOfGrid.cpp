@@ -40,11 +40,12 @@ void warnOfSpacing(const std::string& name, const std::vector<double>& values,
 void warnOfLongitudes(const std::string& name, const std::vector<double>& stored,
                       std::vector<Warning>& warnings) {
   constexpr double halfCircle = 180;
-  const auto falls = std::ranges::count_if(stored, [&, before = stored.front()](double value) mutable {
-    const bool fell = value < before;
-    before = value;
-    return fell;
-  });
+  const auto falls =
+      std::ranges::count_if(stored, [&, before = stored.front()](double value) mutable {
+        const bool fell = value < before;
+        before = value;
+        return fell;
+      });
   if (falls > 1) {
     warn(warnings, "longitudes-backward", name,
          "it falls " + std::to_string(falls) +
@@ -54,7 +55,8 @@ void warnOfLongitudes(const std::string& name, const std::vector<double>& stored
   }
   const std::vector<double> values = unwrapped(stored);
   if (values.back() > halfCircle) {
-    const double example = std::max(values.front(), halfCircle) + (values.back() - std::max(values.front(), halfCircle)) / 2;
+    const double example = std::max(values.front(), halfCircle) +
+                           (values.back() - std::max(values.front(), halfCircle)) / 2;
     const double rounded = std::round(example);
     const double west = 360 - rounded;
     warn(warnings, "longitudes-beyond-180", name,

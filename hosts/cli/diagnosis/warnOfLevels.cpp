@@ -25,11 +25,12 @@ bool isMetres(const std::string& units) {
 void warnOfOrder(const std::string& name, const std::vector<double>& levels,
                  std::vector<Warning>& warnings) {
   if (!std::ranges::all_of(levels, [](double level) { return std::isfinite(level); })) {
-    warn(warnings, "levels-unknown", name, "some of its values are no numbers: nothing is drawn there");
+    warn(warnings, "levels-unknown", name,
+         "some of its values are no numbers: nothing is drawn there");
     return;
   }
-  const std::string ends = util::generalText(levels.front()) + " to " +
-                           util::generalText(levels.back());
+  const std::string ends =
+      util::generalText(levels.front()) + " to " + util::generalText(levels.back());
   if (levels.size() > 1 && std::ranges::is_sorted(levels, std::greater_equal<>())) {
     warn(warnings, "levels-upward", name,
          "its values fall, " + ends +
@@ -57,7 +58,8 @@ void warnOfLevels(const SetHeader& header, const Recognition& found,
     warn(warnings, "one-level", level.name, "it has one level: a section is a single row");
   }
   const SetHeader::Attribute* attribute = level.keyword("UNIT");
-  const std::string units = attribute == nullptr ? std::string() : ocxStrings::trim(attribute->text);
+  const std::string units =
+      attribute == nullptr ? std::string() : ocxStrings::trim(attribute->text);
   if (hasPrefix(level.name, "SIGMA")) {
     warn(warnings, "sigma-levels", level.name,
          "it holds fractions of the depth: the picture does not follow the sea floor, and its axis "
@@ -74,8 +76,7 @@ void warnOfLevels(const SetHeader& header, const Recognition& found,
          "its values are heights (positive is up): they are drawn as depths");
   }
   for (const SetHeader::Variable& other : header.variables) {
-    if (&other == &level || other.dimensions.size() != 1 ||
-        other.dimensions == level.dimensions) {
+    if (&other == &level || other.dimensions.size() != 1 || other.dimensions == level.dimensions) {
       continue;
     }
     const auto named = [&](const char* keyword) { return hasPrefix(other.name, keyword); };

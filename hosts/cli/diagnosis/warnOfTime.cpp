@@ -14,11 +14,9 @@ bool hasClock(const std::string& text) {
   return false;
 }
 
-void warnOfOrigin(const TimeUnits& units, const std::string& name,
-                  std::vector<Warning>& warnings) {
+void warnOfOrigin(const TimeUnits& units, const std::string& name, std::vector<Warning>& warnings) {
   if (units.originText.empty()) {
-    warn(warnings, "no-origin", name,
-         "its units have no \"since\": dates count from 1899-12-30");
+    warn(warnings, "no-origin", name, "its units have no \"since\": dates count from 1899-12-30");
   } else if (!units.originRead) {
     warn(warnings, "unread-origin", name,
          "the origin " + quoted(units.originText) +

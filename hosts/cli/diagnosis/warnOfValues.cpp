@@ -43,9 +43,9 @@ void warnOfMissing(const SetHeader::Variable& variable, std::vector<Warning>& wa
   const Attribute& last = *marks.back();
   const double missing = util::leadingNumber(last.text);
   for (const Attribute* mark : marks) {
-    const bool same = static_cast<float>(util::leadingNumber(mark->text)) ==
-                          static_cast<float>(missing) &&
-                      isNan(*mark) == isNan(last);
+    const bool same =
+        static_cast<float>(util::leadingNumber(mark->text)) == static_cast<float>(missing) &&
+        isNan(*mark) == isNan(last);
     if (same) continue;
     warn(warnings, "two-missing-values", variable.name,
          quoted(mark->name) + " is " + mark->text + " and " + quoted(last.name) + " is " +
@@ -53,8 +53,9 @@ void warnOfMissing(const SetHeader::Variable& variable, std::vector<Warning>& wa
   }
   if (isNan(last)) {
     warn(warnings, "nan-fill", variable.name,
-         quoted(last.name) + " is NaN, which counts as none: NaN is left blank, but nothing else "
-                             "is taken for missing");
+         quoted(last.name) +
+             " is NaN, which counts as none: NaN is left blank, but nothing else "
+             "is taken for missing");
   } else if (missing == 0) {
     warn(warnings, "zero-fill", variable.name,
          quoted(last.name) + " is " + last.text +

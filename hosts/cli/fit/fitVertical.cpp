@@ -127,6 +127,11 @@ void fitVertical(Draft& draft) {
   if (!std::ranges::is_sorted(values)) {
     draft.note("The levels of " + name + " do not run one way; blocks will overlap.");
   }
+  // Nothing is drawn into a picture without height.
+  if (values.back() == 0) {
+    throw Failure("The deepest level of " + name +
+                  " is at 0: there is no depth to draw a section over.");
+  }
   if (!(values.back() > 0)) {
     draft.note("The deepest level of " + name + " is at " + text(values.back()) +
                ": there is no depth to draw a section over.");
