@@ -17,6 +17,9 @@ namespace {
 constexpr std::size_t kMostInAttribute = std::size_t{1} << 20;
 constexpr double kMostCoordinates = 1 << 24;
 
+// The library's time for reading them grows with the square of their number.
+constexpr int kMostAttributes = 8192;
+
 using Name = std::array<char, NC_MAX_NAME + 1>;
 
 void require(int status) {
@@ -89,6 +92,9 @@ SetHeader::Attribute attributeOf(int ncid, int variable, int number) {
 }
 
 std::vector<SetHeader::Attribute> attributesOf(int ncid, int variable, int count) {
+  if (count > kMostAttributes) {
+    throw Failure("There are too many attributes: " + std::to_string(count) + ".");
+  }
   std::vector<SetHeader::Attribute> attributes;
   for (int number = 0; number < count; ++number) {
     attributes.push_back(attributeOf(ncid, variable, number));
