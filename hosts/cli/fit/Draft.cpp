@@ -9,6 +9,9 @@
 namespace cli::fit {
 namespace {
 
+// The longest dimension whose indices are listed one by one.
+constexpr std::size_t kMostIndices = std::size_t{1} << 26;
+
 // Attributes whose words are names of variables.
 bool namesVariables(const std::string& attribute) {
   for (const char* each : {"coordinates", "bounds", "climatology", "ancillary_variables",
@@ -46,7 +49,13 @@ PlanVar* Plan::variable(std::string_view name) {
 }
 
 Draft::Draft(const Input& input, const Request& asked) : in(input), request(asked) {
-  for (const Dimension& each : in.header().dims) addDim(each.name, each.length);
+  for (const Dimension& each : in.header().dims) {
+    if (each.length > kMostIndices) {
+      throw Failure("The dimension " + each.name + " is too long: " + std::to_string(each.length) +
+                    ".");
+    }
+    addDim(each.name, each.length);
+  }
   for (std::size_t at = 0; at < plan.dims.size(); ++at) {
     plan.dims[at].unlimited = in.header().dims[at].unlimited;
   }

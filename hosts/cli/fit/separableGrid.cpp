@@ -1,11 +1,15 @@
 #include <cmath>
 #include <limits>
 
+#include "failures.h"
 #include "fit/degrees.h"
 #include "fit/horizontal.h"
 
 namespace cli::fit {
 namespace {
+
+// Points of a grid whose coordinates are held in memory: 1 GB with longitudes and latitudes.
+constexpr std::size_t kMostPoints = std::size_t{1} << 26;
 
 // Numbers of rows and columns that differ along one direction only.
 struct Along {
@@ -50,7 +54,11 @@ PlanVar axisVariable(const Draft& draft, int source, const std::string& name) {
 std::vector<double> pointsOf(const Draft& draft, const Placing& placing, int variable) {
   std::vector<double> values;
   std::size_t points = 1;
-  for (const int dim : placing.places) points *= draft.inDim(dim).length;
+  for (const int dim : placing.places) {
+    const std::size_t length = draft.inDim(dim).length;
+    if (length > 0 && points > kMostPoints / length) throw Failure("The grid has too many points.");
+    points *= length;
+  }
   if (placing.kind == GridKind::Axes) {
     const std::vector<double> axis = draft.in.whole(variable);
     const std::size_t columns = draft.inDim(placing.lon.dim).length;
