@@ -1,0 +1,72 @@
+#include <array>
+#include <fstream>
+
+#include "NcTest.h"
+#include "netcdf/ncf.h"
+#include "support/Hdf5Maker.h"
+
+namespace {
+
+using ocxNetNc::ncf;
+using support::Hdf5Maker;
+
+// HDF5 files that say that something of theirs is in another file. It is there, and is not read.
+class OutsideData : public NcTest {
+ protected:
+  OutsideData() {
+    std::ofstream(file("raw"), std::ios::binary) << std::string(24, '\1');
+    Hdf5Maker other(file("other.nc"));
+    other.axis("x", {1, 2, 3}, "m");
+    other.variable("elsewhere", H5T_IEEE_F64LE, {"x"});
+    other.put("elsewhere", {7, 8, 9});
+  }
+
+  std::vector<std::string> namesIn(const std::string& path) {
+    open(path);
+    std::vector<std::string> names;
+    for (const ocxNetNc::NcVar& variable : ncf.NcVars) names.push_back(variable.Name);
+    return names;
+  }
+  using Names = std::vector<std::string>;
+};
+
+TEST_F(OutsideData, IsNotFollowedByLinks) {
+  {
+    Hdf5Maker set(file());
+    set.axis("x", {1, 2, 3}, "m");
+    set.linkToOtherFile("linked", file("other.nc"), "/elsewhere");
+    set.linkToOtherFile("all", file("other.nc"), "/");
+    set.softLink("through", "/all/elsewhere");
+    set.softLink("nowhere", "/not/there");
+    set.softLink("again", "/x");
+  }
+  EXPECT_EQ(namesIn(file()), (Names{"again", "x"}));
+}
+
+TEST_F(OutsideData, IsNotReadAsAVariable) {
+  {
+    Hdf5Maker set(file());
+    set.axis("x", {1, 2, 3}, "m");
+    const hid_t raw = set.storage();
+    ASSERT_GE(H5Pset_external(raw, file("raw").c_str(), 0, 24), 0);
+    set.variable("raw", H5T_IEEE_F64LE, {"x"}, raw);
+    const hsize_t length = 3;
+    const hid_t all = H5Screate_simple(1, &length, nullptr);
+    const hid_t outside = set.storage(), inside = set.storage();
+    ASSERT_GE(H5Pset_virtual(outside, all, file("other.nc").c_str(), "/elsewhere", all), 0);
+    ASSERT_GE(H5Pset_virtual(inside, all, ".", "/x", all), 0);
+    H5Sclose(all);
+    set.variable("outside", H5T_IEEE_F64LE, {"x"}, outside);
+    set.variable("inside", H5T_IEEE_F64LE, {"x"}, inside);
+  }
+  EXPECT_EQ(namesIn(file()), (Names{"inside", "x"}));
+  std::array<double, 3> values = {};
+  int id = -1, variable = -1;
+  ASSERT_EQ(nc_open(file().c_str(), NC_NOWRITE, &id), NC_NOERR);
+  EXPECT_EQ(nc_inq_varid(id, "inside", &variable), NC_NOERR);
+  EXPECT_EQ(nc_get_var_double(id, variable, values.data()), NC_NOERR);
+  EXPECT_EQ(values, (std::array<double, 3>{1, 2, 3}));
+  nc_close(id);
+}
+
+}  // namespace
