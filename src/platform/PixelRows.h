@@ -49,8 +49,10 @@ class PixelRows {
   }
   // Whether two rows of a settled surface look the same.
   bool sameRows(int32_t one, int32_t other) const;
-  // Makes the rows first..last, as far as there are any, ready for somebody else's ink.
+  // Makes the rows first..last, as far as there are any, ready for somebody else's ink, to be
+  // written from their starts on.
   void open(int32_t first, int32_t last);
+  uint32_t* start(int32_t y) const { return pixels_ + stride_ * y; }
   // Makes the memory what it counts as, for somebody else's eyes.
   void settle() const;
   uint32_t pixel(int32_t x, int32_t y) const;
@@ -62,7 +64,6 @@ class PixelRows {
     Stale  // counts as white; the memory is not
   };
   friend class CellPainter;
-  uint32_t* start(int32_t y) const { return pixels_ + stride_ * y; }
   Row& state(int32_t y) const { return states_[static_cast<std::size_t>(y)]; }
   void whiten(int32_t y) const;
 

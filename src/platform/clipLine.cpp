@@ -27,10 +27,18 @@ void clipDirection(Way& way, double start, double advance, double low, double hi
 
 std::optional<LinePiece> clipLine(const LinePiece& line, double width, double height,
                                   double thickness) {
+  const double border = thickness + 2.0;
+  const auto inside = [border](double place, double size) {
+    return -border <= place && place <= size + border;
+  };
+  // Most lines are inside all along.
+  if (inside(line.x1, width) && inside(line.x2, width) && inside(line.y1, height) &&
+      inside(line.y2, height)) {
+    return line;
+  }
   const double dx = line.x2 - line.x1;
   const double dy = line.y2 - line.y1;
   if (!std::isfinite(dx) || !std::isfinite(dy)) return std::nullopt;
-  const double border = thickness + 2.0;
   Way way;
   clipDirection(way, line.x1, dx, -border, width + border);
   clipDirection(way, line.y1, dy, -border, height + border);

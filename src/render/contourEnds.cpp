@@ -1,9 +1,11 @@
 #include "render/contourEnds.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <limits>
 #include <numeric>
+#include <utility>
 
 namespace OcxContr {
 namespace {
@@ -17,6 +19,15 @@ std::size_t at(int32_t index) { return static_cast<std::size_t>(index); }
 // Ends in the order in which a search prefers them: pieces in list order, the second end first.
 int32_t preference(PieceEnd end) { return 2 * end.piece + (end.second ? 0 : 1); }
 PieceEnd endOf(int32_t preference) { return {preference / 2, preference % 2 == 0}; }
+
+// Of coordinates that are equal, zeros of both signs too, the same number.
+std::size_t hashOf(float x, float y) {
+  const auto bits = [](float coordinate) {
+    return uint64_t{std::bit_cast<uint32_t>(coordinate == 0.0F ? 0.0F : coordinate)};
+  };
+  const uint64_t mixed = (bits(x) << 32U | bits(y)) * 0x9E3779B97F4A7C15U;
+  return static_cast<std::size_t>((mixed ^ mixed >> 29U) * 0xBF58476D1CE4E5B9U >> 32U);
+}
 
 // Distance of a coordinate from an interval. Rounding is monotone, so a box is never taken for
 // farther away than anything in it.
@@ -65,26 +76,38 @@ void EndIndex::build(std::span<const ScreenPiece> pieces) {
   undrawn_.reset(count);
 }
 
+// Finds the ends of a place through a table of the places met so far, and puts them side by side.
 void EndIndex::gatherSites(std::span<const ScreenPiece> pieces) {
-  const auto place = [pieces](int32_t order) {
-    const PieceEnd end = endOf(order);
-    const ScreenPiece& piece = pieces[at(end.piece)];
-    return end.second ? std::pair(piece.x2, piece.y2) : std::pair(piece.x1, piece.y1);
-  };
-  scratch_.resize(2 * pieces.size());
-  std::iota(scratch_.begin(), scratch_.end(), 0);
-  std::sort(scratch_.begin(), scratch_.end(), [&](int32_t a, int32_t b) {
-    const auto placeA = place(a), placeB = place(b);
-    return placeA != placeB ? placeA < placeB : a < b;
-  });
+  const std::size_t ends = 2 * pieces.size();
+  const std::size_t slots = std::bit_ceil(2 * ends);
+  slots_.assign(slots, -1);
+  siteOf_.resize(ends);
   sites_.clear();
-  for (const int32_t order : scratch_) {
-    const auto [x, y] = place(order);
-    if (sites_.empty() || sites_.back().x != x || sites_.back().y != y) {
-      const int32_t begin = sites_.empty() ? 0 : sites_.back().end;
-      sites_.push_back({x, y, begin, begin});
+  for (std::size_t order = 0; order < ends; ++order) {
+    const PieceEnd end = endOf(static_cast<int32_t>(order));
+    const ScreenPiece& piece = pieces[at(end.piece)];
+    const float x = end.second ? piece.x2 : piece.x1, y = end.second ? piece.y2 : piece.y1;
+    std::size_t slot = hashOf(x, y) & (slots - 1);
+    for (; slots_[slot] >= 0; slot = (slot + 1) & (slots - 1)) {
+      const Site& met = sites_[at(slots_[slot])];
+      if (met.x == x && met.y == y) break;
     }
-    ++sites_.back().end;
+    if (slots_[slot] < 0) {
+      slots_[slot] = static_cast<int32_t>(sites_.size());
+      sites_.push_back({x, y, 0, 0});
+    }
+    siteOf_[order] = slots_[slot];
+    ++sites_[at(slots_[slot])].end;
+  }
+  int32_t next = 0;
+  for (Site& site : sites_) {
+    site.begin = next;
+    next += std::exchange(site.end, next);
+  }
+  // In the order of preference within each place.
+  scratch_.resize(ends);
+  for (std::size_t order = 0; order < ends; ++order) {
+    scratch_[at(sites_[at(siteOf_[order])].end++)] = static_cast<int32_t>(order);
   }
 }
 

@@ -64,6 +64,7 @@ class EndIndex {
   std::vector<int32_t> siteOf_;   // site of each entry
   std::vector<int32_t> entryOf_;  // entry of each preference
   std::vector<int32_t> scratch_;
+  std::vector<int32_t> slots_;    // of the table of places, while it is built; -1 where free
   std::vector<Node> nodes_;  // the children of node n are 2n + 1 and 2n + 2
   std::size_t firstLeaf_ = 0;
   Remaining free_, undrawn_;

@@ -130,8 +130,9 @@ void CairoPixelBox::drawThin(const LinePiece& line, Colour colour) {
   const int32_t stepX = endX < x ? -1 : 1, stepY = endY < y ? -1 : 1;
   const uint32_t pixel = pixelOf(colour);
   beginWriting();
+  rows_.open(std::min(y, endY), std::max(y, endY));
   for (int32_t error = dx - dy;;) {
-    if (x >= 0 && y >= 0 && x < width_ && y < height_) rows_.row(y)[x] = pixel;
+    if (x >= 0 && y >= 0 && x < width_ && y < height_) rows_.start(y)[x] = pixel;
     if (x == endX && y == endY) return;
     const int32_t twice = 2 * error;
     if (twice > -dy) {
