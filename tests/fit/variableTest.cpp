@@ -117,8 +117,8 @@ TEST_P(MissingValues, AreWhatTheControlTakesForThem) {
   };
   set.more = [&](support::NcMaker& nc, int temp) {
     for (const auto& [name, value] : each.attributes) {
-      const bool number = std::string(name).starts_with("_") || each.type != NC_SHORT;
-      nc.number(temp, name, number ? each.type : NC_DOUBLE, {value});
+      // Only the library's own attribute must be of the variable's type.
+      nc.number(temp, name, std::string(name).starts_with("_") ? each.type : NC_DOUBLE, {value});
     }
   };
   fit(set);
@@ -142,6 +142,8 @@ const std::vector<Missing> kMissing = {
      {1e20F, 1e20F, 7}, 1e20F},
     {"twoWithNan", NC_FLOAT, {{"_FillValue", kNan}, {"missing_value", -99}}, {kNan, -99, 7},
      {kNewFill, kNewFill, 7}, kNewFill},
+    {"otherPrecision", NC_FLOAT, {{"missing_value", 1e20}, {"_FillValue", 1e20F}}, {1e20F, 7},
+     {1e20F, 7}, 1e20F},
     {"nearby", NC_FLOAT, {{"missing_value", -99}}, {-99, -98.5, 7}, {kNewFill, -98.5, 7}, kNewFill},
     {"beyond", NC_FLOAT, {{"missing_value", 50}}, {50, 60, 7}, {kNewFill, 60, 7}, kNewFill},
     {"packed", NC_SHORT, {{"_FillValue", -32767}, {"scale_factor", 0.5}, {"add_offset", 10}},

@@ -117,6 +117,9 @@ void Draft::leaveOut(int variable) {
 
 void Draft::leaveOutBounds(int variable) {
   PlanVar& axis = var(variable);
+  for (const char* range : {"valid_min", "valid_max", "valid_range", "actual_range"}) {
+    remove(axis.attributes, range);
+  }
   for (const char* name : {"bounds", "climatology"}) {
     const std::string bounds = textOf(axis.attributes, name);
     if (bounds.empty()) continue;

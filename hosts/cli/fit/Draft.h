@@ -36,7 +36,8 @@ struct Draft {
   void rename(int variable, const std::string& name);
   // Leaves a variable out of the copy.
   void leaveOut(int variable);
-  // Leaves out the variable of an axis' bounds: its values would no longer be true.
+  // Leaves out the variable of an axis' bounds, and its attributes of ranges: they would no longer
+  // be true.
   void leaveOutBounds(int variable);
 
   void change(const std::string& name, const std::string& what, const std::string& why);

@@ -23,7 +23,7 @@ void check(int status, const std::string& what) {
 void convert(const PlanVar& variable, std::vector<double>& values) {
   if (!variable.fill) return;
   for (double& value : values) {
-    if (std::ranges::find(variable.missing, value) != variable.missing.end()) {
+    if (standsForMissing(value, variable.missing)) {
       value = kNan;
     } else if (variable.unpacked) {
       value = value * variable.scale + variable.offset;
@@ -43,7 +43,7 @@ bool misread(const PlanVar& variable, double value, double missing) {
   if (variable.fill && value == *variable.fill) return false;
   if (std::isnan(value)) return true;
   if (missing == 0.0) return value == kNewFill && !isWhole(variable.type);
-  if (std::ranges::find(variable.missing, value) != variable.missing.end()) return false;
+  if (standsForMissing(value, variable.missing)) return false;
   return takenForMissing(value, missing);
 }
 

@@ -23,10 +23,9 @@ Known missingOf(const Attributes& attributes) {
     if (found->isText() && !found->text.empty()) numbers = {util::leadingNumber(found->text)};
     for (const double number : numbers) {
       known.nan = known.nan || std::isnan(number);
-      if (std::isnan(number) || std::ranges::find(known.numbers, number) != known.numbers.end()) {
-        continue;
+      if (!std::isnan(number) && !standsForMissing(number, known.numbers)) {
+        known.numbers.push_back(number);
       }
-      known.numbers.push_back(number);
     }
   }
   return known;
@@ -134,6 +133,14 @@ bool takenForMissing(double value, double missing) {
   const auto raw = static_cast<float>(value), threshold = static_cast<float>(missing * 0.99);
   if (threshold == 0.0F) return false;
   return threshold < 0.0F ? !(raw > threshold) : !(raw < threshold);
+}
+
+bool standsForMissing(double value, const std::vector<double>& missing) {
+  constexpr double kLarge = 1e10, kSame = 1e-6;
+  return std::ranges::any_of(missing, [&](double number) {
+    return value == number ||
+           (std::fabs(number) > kLarge && std::fabs(value - number) <= kSame * std::fabs(number));
+  });
 }
 
 void fitMissing(Draft& draft) {

@@ -71,8 +71,11 @@ void countDownward(Draft& draft, PlanVar& variable, std::vector<double>& values)
     draft.change(variable.name, "counted downward from its highest level, " + top,
                  "the control counts depths downward");
     setText(variable.attributes, "long_name", "distance below " + top);
+  }
+  if (textOf(variable.attributes, "standard_name") != "depth") {
     remove(variable.attributes, "standard_name");
   }
+  remove(variable.attributes, "formula_terms");
   setText(variable.attributes, "positive", "down");
 }
 

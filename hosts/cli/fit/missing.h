@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include "fit/header.h"
 
 // What the control takes for missing.
@@ -11,6 +13,10 @@ double controlMissing(const Attributes& attributes);
 
 // The control would take this value for missing: within one percent of that number or beyond it.
 bool takenForMissing(double value, double missing);
+
+// The number is one of those that stand for missing values. Large ones need not be the same to the
+// last bit: attributes and values are often of different precision.
+bool standsForMissing(double value, const std::vector<double>& missing);
 
 // What the copies have for missing where the data had nothing suitable: the library's own.
 inline constexpr double kNewFill = static_cast<double>(NC_FILL_FLOAT);
