@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <array>
 #include <limits>
+#include <random>
 
 #include "MadeSet.h"
 #include "controlOutcome.h"
@@ -100,6 +102,30 @@ MadeSet cellList() {
   return set;
 }
 
+// A vertical axis on another axis' dimension, by its number in a made set.
+MadeSet levelsOn(int dimension, std::size_t count) {
+  MadeSet set;
+  set.levelName = "pressure";
+  set.more = [=](NcMaker& nc, int) {
+    const int z = nc.var("z", NC_FLOAT, {dimension});
+    std::vector<double> values;
+    for (std::size_t at = 1; at <= count; ++at) values.push_back(10.0 * static_cast<double>(at));
+    nc.put(z, values);
+  };
+  return set;
+}
+
+// A longitude that is named like the first of its two dimensions.
+MadeSet longitudeOfTwo() {
+  MadeSet set;
+  set.lonName = "x";
+  set.lonUnits = "";
+  set.more = [](NcMaker& nc, int) {
+    nc.text(nc.var("lon", NC_DOUBLE, {nc.dim("lon", 3), nc.dim("two", 2)}), "units", "degrees");
+  };
+  return set;
+}
+
 constexpr Verdict kRefused = Verdict::DoesNotOpen;
 constexpr int k4 = NC_NETCDF4;
 
@@ -178,7 +204,11 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"CellsXY", cells("y", "x"), Verdict::NoSection, "regular-grid"},
         Case{"CellsEtaXi", cells("eta_rho", "xi_rho"), kRefused, "cell-axes"},
         Case{"CellsNoName", cells("j", "i"), kRefused, "cell-axes"},
-        Case{"CellList", cellList(), Verdict::NoSection, "regular-grid"}),
+        Case{"CellList", cellList(), Verdict::NoSection, "regular-grid"},
+        Case{"LongitudeOfTwo", longitudeOfTwo(), kRefused, "coordinate-counts"},
+        Case{"LevelsOnTime", levelsOn(0, 2), Verdict::Drawable, ""},
+        Case{"LevelsOnLatitude", levelsOn(2, 4), Verdict::NoValues, "readable-item"},
+        Case{"LevelsOnLongitude", levelsOn(3, 6), Verdict::NoValues, "readable-item"}),
     nameOf);
 
 INSTANTIATE_TEST_SUITE_P(
@@ -211,6 +241,54 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"NegativeLevels", {.levels = {0, -50, -200}}, Verdict::Drawable, ""},
         Case{"NanLevels", {.levels = {0, 50, kNan}}, Verdict::Drawable, ""}),
     nameOf);
+
+// Any mixture of what can be wrong: the rules and the control come to the same.
+TEST(AgreementOnMixtures, OfTheRulesAndTheControl) {
+  support::TempFolder folder;
+  std::minstd_rand random(1);  // NOLINT: the same mixtures every time
+  const auto oneOf = [&](const auto& first, const auto&... others) {
+    const std::array all = {first, others...};
+    // What is right comes up most often, so that few things are wrong at a time.
+    const std::size_t pick = random() % (all.size() + 8);
+    return pick < all.size() ? all[pick] : first;
+  };
+  using Numbers = std::vector<double>;
+  using Text = std::string;
+  constexpr int mixtures = 300;
+  int drawable = 0;
+  for (int mixture = 0; mixture < mixtures; ++mixture) {
+    MadeSet set;
+    set.mode = oneOf(0, NC_NETCDF4);
+    set.lonName = oneOf(Text("lon"), Text("x"), Text("longitude"));
+    set.latName = oneOf(Text("lat"), Text("y"));
+    set.timeName = oneOf(Text("time"), Text("TIME_COUNTER"), Text("t"));
+    set.levelName = oneOf(Text("depth"), Text("lev"), Text("LEVEL"), Text("s_rho"), Text("zt"));
+    set.lonUnits = oneOf(Text("degrees_east"), Text("degree east"), Text("degrees"), Text("m"));
+    set.latUnits = oneOf(Text("degrees_north"), Text("Degrees_N"), Text(""));
+    set.timeUnits = oneOf(Text("days since 2000-01-01"), Text("hours"), Text("months"), Text(""));
+    set.lonType = oneOf(NC_DOUBLE, NC_FLOAT, NC_INT);
+    set.levelType = oneOf(NC_FLOAT, NC_SHORT, NC_INT);
+    set.itemType = oneOf(NC_FLOAT, NC_SHORT, NC_CHAR, NC_INT, NC_DOUBLE);
+    set.lons = oneOf(Numbers{10, 11, 12, 13}, Numbers{358, 359, 0, 1}, Numbers{5, 4, 3},
+                     Numbers{1, 1}, Numbers{7}, Numbers{0, 1, 5, 6});
+    set.lats = oneOf(Numbers{40, 41, 42}, Numbers{42, 41, 40}, Numbers{-1, 1}, Numbers{0});
+    set.levels = oneOf(Numbers{0, 50, 200}, Numbers{200, 50, 0}, Numbers{0}, Numbers{-5, -9});
+    set.times = oneOf(Numbers{0, 1}, Numbers{1e9, 2e9}, Numbers{0});
+    set.order = oneOf(Text("tzyx"), Text("zyx"), Text("tyx"), Text("tzxy"), Text("ztyx"),
+                      Text("tyxz"), Text("wtzyx"), Text("zy"));
+    set.make(folder.file("set.nc"));
+    const Outcome outcome = controlOutcome(folder.file("set.nc"));
+    support::resetState();
+    const Diagnosis diagnosis = examine(folder.file("set.nc")).diagnosis;
+    ASSERT_EQ(verdictName(verdictOf(diagnosis.checks)), verdictName(outcome.verdict))
+        << mixture << ": " << diagnosis.summary;
+    ASSERT_EQ(verdictName(diagnosis.verdict), verdictName(outcome.verdict)) << mixture;
+    drawable += outcome.verdict == Verdict::Drawable ? 1 : 0;
+  }
+  EXPECT_GT(drawable, mixtures / 20);
+  EXPECT_LT(drawable, mixtures / 2);
+  support::resetState();
+}
 
 // Files that nobody made for this: what the control does with them is what the rules say.
 TEST(AgreementOnRealFiles, OfTheRulesAndTheControl) {

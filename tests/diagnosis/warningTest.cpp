@@ -79,6 +79,7 @@ TEST_F(Warnings, AreGivenForEverythingThatSurprises) {
   const auto more = [](const char* name) {
     return [=](NcMaker& nc, int) { nc.var(name, NC_DOUBLE, {nc.dim("other", 2)}); };
   };
+  const auto onTime = [](NcMaker& nc, int) { nc.put(nc.var("z", NC_FLOAT, {0}), {10, 20}); };
   const auto group = [](NcMaker& nc, int) {
     int id = -1;
     nc_def_grp(nc.id(), "forecast", &id);
@@ -102,6 +103,7 @@ TEST_F(Warnings, AreGivenForEverythingThatSurprises) {
       {"levels-unsorted", {.levels = {0, 200, 100}}, "depth", "do not rise"},
       {"levels-unknown", {.levels = {0, nan, 100}}, "depth", "no numbers"},
       {"negative-levels", {.levels = {-200, -50, -10}}, "depth", "below 0", true},
+      {"levels-on-time", {.levelName = "pressure", .more = onTime}, "z", "at the first only"},
       {"one-level", {.levels = {5}}, "depth", "a single row"},
       {"sigma-levels", {.levelName = "sigma_t", .levelUnits = "1"}, "sigma_t", "fractions"},
       {"pressure-levels", {.levelName = "level", .levelUnits = "hPa"}, "level", "pressures"},

@@ -54,6 +54,10 @@ void warnOfLevels(const SetHeader& header, const Recognition& found,
       header.variables[static_cast<std::size_t>(found.vertical.variable)];
   const std::vector<double>& levels = found.vertical.values;
   if (!levels.empty()) warnOfOrder(level.name, levels, warnings);
+  if (found.vertical.dimension == found.time.dimension) {
+    warn(warnings, "levels-on-time", level.name,
+         "it lies on the time axis: a section has steps for levels, and is read at the first only");
+  }
   if (levels.size() == 1) {
     warn(warnings, "one-level", level.name, "it has one level: a section is a single row");
   }
