@@ -113,7 +113,8 @@ void CellPainter::write(int32_t left, const PixelRun& band) {
       from = std::find_if(from, line_.end(), [](uint32_t pixel) { return pixel != kNone; });
       const auto end = std::find(from, line_.end(), kNone);
       for (int32_t y = band.begin; y < band.end; ++y) {
-        if (fresh_[at(y)] == 0) std::copy(from, end, rows_.start(y) + left + (from - line_.begin()));
+        if (fresh_[at(y)] != 0) continue;
+        std::copy(from, end, rows_.start(y) + left + (from - line_.begin()));
       }
       from = end;
     }

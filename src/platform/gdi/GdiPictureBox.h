@@ -11,9 +11,9 @@
 
 namespace platform {
 
-// A picture box on a 32-bit bitmap in memory. Boxes and cells are filled straight into its pixels, text and
-// lines are drawn by GDI. A surface of more than 64 Mi pixels, or one there is no memory for, is
-// empty: it measures 0 x 0, and drawing does nothing.
+// A picture box on a 32-bit bitmap in memory. Boxes and cells are filled straight into its pixels,
+// text and lines are drawn by GDI. A surface of more than 64 Mi pixels, or one there is no memory
+// for, is empty: it measures 0 x 0, and drawing does nothing.
 class GdiPictureBox final : public PictureBox {
  public:
   // show is called by Refresh, to bring the picture to where the user sees it.

@@ -182,7 +182,8 @@ TEST_F(CellBoxesTest, CostTheirPixelsAndNotTheirNumber) {
 TEST(PixelCover, TellsWhichCellsReachWhichPixels) {
   const std::vector<float> wide = {0.5F, 3, 5.4F, 20};
   EXPECT_EQ(platform::pixelCover(wide, 8),
-            (std::vector<PixelRun>{{0, 3, 0, 0}, {3, 4, 0, 1}, {4, 5, 1, 1}, {5, 6, 1, 2}, {6, 8, 2, 2}}));
+            (std::vector<PixelRun>{
+                {0, 3, 0, 0}, {3, 4, 0, 1}, {4, 5, 1, 1}, {5, 6, 1, 2}, {6, 8, 2, 2}}));
   const std::vector<float> narrow = {1, 1.2F, 1.4F, 1.6F, 2};
   EXPECT_EQ(platform::pixelCover(narrow, 8), (std::vector<PixelRun>{{1, 2, 0, 2}, {2, 3, 2, 3}}));
   const std::vector<float> falling = {2, 1, 0};
