@@ -124,6 +124,27 @@ TEST(SectionGrid, DepthsCountFromOne) {
   EXPECT_EQ(errorOf([&] { grid.depth(3); }), util::kSubscript);
 }
 
+TEST(SectionGrid, KnowsTheDeepestValueOfEveryColumn) {
+  SectionGrid grid;
+  EXPECT_TRUE(grid.deepestValues().empty());
+  grid.size(3, 4);
+  const auto deepest = [&grid] {
+    const auto found = grid.deepestValues();
+    return std::vector<int32_t>(found.begin(), found.end());
+  };
+  EXPECT_EQ(deepest(), (std::vector<int32_t>{0, 0, 0}));
+  grid.store(1, 3, 7);
+  grid.store(3, 4, 7);
+  EXPECT_EQ(deepest(), (std::vector<int32_t>{3, 0, 4}));
+  grid.store(3, 4, kMissingValue);
+  grid.storeColumn(2, std::vector<float>{1, 2, kMissingValue, kMissingValue});
+  EXPECT_EQ(deepest(), (std::vector<int32_t>{3, 2, 0}));
+  grid.storeLevels(std::vector<float>(12, 1.0F));
+  EXPECT_EQ(deepest(), (std::vector<int32_t>{4, 4, 4}));
+  grid.size(1, 1);
+  EXPECT_EQ(deepest(), (std::vector<int32_t>{0}));
+}
+
 TEST(SectionGrid, KeepsWhatItHoldsWhenItCannotBeSized) {
   SectionGrid grid;
   grid.size(2, 2);
