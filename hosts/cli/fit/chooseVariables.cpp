@@ -40,22 +40,31 @@ bool isComplete(const Draft& draft, int number) {
   return isPlain(draft, number) && placing.kind != GridKind::None && placing.level.found();
 }
 
+// What is not looked at could be what is wanted.
+std::string leftOut(const Draft& draft) {
+  const std::vector<std::string>& names = draft.in.header().leftOut;
+  return names.empty() ? "" : "\nNot read: " + nameList(names) + ".";
+}
+
 [[noreturn]] void refuse(const Draft& draft, const std::vector<int>& candidates) {
   const auto placed = std::ranges::find_if(candidates, [&](int number) {
     return isPlain(draft, number) && draft.placing(number).kind != GridKind::None;
   });
   if (placed != candidates.end()) {
     throw Failure("There is no section to draw: no variable has a vertical dimension beside its "
-                  "longitude and latitude. The first one is " + draft.described(*placed) + ".");
+                  "longitude and latitude. The first one is " + draft.described(*placed) + "." +
+                  leftOut(draft));
   }
   const auto largest = std::ranges::max_element(candidates, {}, [&](int number) {
     return isPlain(draft, number) ? draft.inVar(number).dims.size() : 0;
   });
   if (largest == candidates.end() || !isPlain(draft, *largest)) {
-    throw Failure("There is nothing to draw: no variable has two dimensions or more.");
+    throw Failure("There is nothing to draw: no variable has two dimensions or more." +
+                  leftOut(draft));
   }
   throw Failure("No longitude and latitude were found for " + draft.described(*largest) +
-                ": no variables on its dimensions have units of degrees east and degrees north.");
+                ": no variables on its dimensions have units of degrees east and degrees north." +
+                leftOut(draft));
 }
 
 // The variable whose grid is taken: the first with more than one level, or else the first.
