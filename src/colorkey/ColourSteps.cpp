@@ -42,8 +42,8 @@ ColourSteps::ColourSteps(platform::Colour lowest, std::span<const Step> steps)
     const std::size_t first = firstStep_[in];
     const platform::Colour below = first == 0 ? lowest : steps_[first - 1].colour;
     const bool hasStep = firstStep_[in + 1] > first;
-    parts_.push_back(hasStep ? Part{steps_[first].from, below, steps_[first].colour}
-                             : Part{kNever, below, below});
+    parts_.push_back(hasStep ? Part{steps_[first].from, {below, steps_[first].colour}}
+                             : Part{kNever, {below, below}});
   }
 }
 
@@ -66,7 +66,7 @@ void ColourSteps::lookUp(std::span<const float> values, std::span<platform::Colo
   for (std::size_t n = 0; n < values.size(); ++n) colours[n] = part(values[n]);
   for (std::size_t n = 0; n < values.size(); ++n) {
     const Part& in = parts_[static_cast<std::size_t>(colours[n])];
-    colours[n] = in.bound <= values[n] ? in.above : in.below;
+    colours[n] = in.colours[in.bound <= values[n] ? 1 : 0];
   }
 }
 

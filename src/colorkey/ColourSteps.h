@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -27,17 +28,17 @@ class ColourSteps {
   platform::Colour operator()(float value) const {
     if (!onePerPart_) return search(value);
     const Part& in = parts_[static_cast<std::size_t>(part(value))];
-    return in.bound <= value ? in.above : in.below;
+    return in.colours[in.bound <= value ? 1 : 0];
   }
 
   // The colours of many values, into as many places.
   void lookUp(std::span<const float> values, std::span<platform::Colour> colours) const;
 
  private:
-  // The colours of a part with one step or none in it, on both sides of the step.
+  // The colours of a part with one step or none in it, below the step and from it on.
   struct Part {
     float bound;
-    platform::Colour below, above;
+    std::array<platform::Colour, 2> colours;
   };
 
   // Rounding is monotone, so that a larger value never falls into a part further down.
