@@ -118,6 +118,13 @@ TEST(FitPlan, RefusesWithTheReason) {
       {"valid_time has values that are no numbers",
        [](Described& input) { input.values[3][1] = std::numeric_limits<double>::quiet_NaN(); }},
       {"The dimension plev is too long", [](Described& input) { input.content.dims[1].length = 1U << 30; }},
+      {"ta(valid_time, plev, latitude) lies along latitude: a list of observations",
+       [](Described& input) {
+         input.content.vars[0].dims = {2};
+         input.values[0] = {0, 1, 2};
+         input.content.vars[4].dims = {0, 1, 2};
+         input.content.globals.push_back({"featureType", NC_CHAR, "profile", {}});
+       }},
       {"There are no time steps",
        [](Described& input) {
          input.content.dims[0].length = 0;

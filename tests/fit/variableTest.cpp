@@ -176,6 +176,46 @@ TEST_F(FitVariable, TypesOfNewFormatsAreMadeClassic) {
   }
 }
 
+TEST_F(FitVariable, NumbersWithoutSignInTypesWithOneAreWidened) {
+  const std::vector<std::pair<nc_type, double>> types = {
+      {NC_BYTE, 256}, {NC_SHORT, 65536}, {NC_INT, 4294967296}};
+  for (const auto& [type, wrap] : types) {
+    MadeSet set;
+    set.type = type;
+    set.value = [](std::size_t, std::size_t k, std::size_t j, std::size_t i) {
+      return k + j + i == 0 ? -1.0 : -2.0 - static_cast<double>(50 * (i % 2));
+    };
+    const nc_type raw = type;
+    set.more = [raw](support::NcMaker& nc, int temp) {
+      nc.text(temp, "_Unsigned", "true");
+      nc.number(temp, "_FillValue", raw, {-1});
+    };
+    fit(set, {"--vars", "temp"});
+    const ReadSet copy(out());
+    const double fill = copy.number("temp", "_FillValue");
+    // Values within one percent of the fill value would be lost: it is another one then.
+    EXPECT_EQ(fill, kNewFill);
+    EXPECT_NE(copy.type("temp"), type);
+    const std::vector<double> values = copy.values("temp");
+    EXPECT_EQ(values[0], fill);
+    EXPECT_NEAR(values[1], wrap - 52, wrap / 1e6);
+    EXPECT_NEAR(values[2], wrap - 2, wrap / 1e6);
+    EXPECT_EQ(copy.text("temp", "_Unsigned"), "");
+  }
+  MadeSet plain;
+  plain.type = NC_BYTE;
+  plain.value = [](std::size_t, std::size_t, std::size_t, std::size_t i) {
+    return static_cast<double>(i) - 2;
+  };
+  plain.more = [](support::NcMaker& nc, int temp) { nc.text(temp, "_Unsigned", "true"); };
+  fit(plain);
+  const ReadSet copy(out());
+  EXPECT_EQ(copy.type("temp"), NC_SHORT);
+  const std::vector<double> values = copy.values("temp");
+  EXPECT_EQ((std::vector<double>{values.begin(), values.begin() + 5}),
+            (std::vector<double>{254, 255, 0, 1, 2}));
+}
+
 TEST_F(FitVariable, StringsAreMadeCharacters) {
   MadeSet set;
   set.mode = NC_NETCDF4;
@@ -225,11 +265,14 @@ TEST_F(FitVariable, AttributesThatWouldBeTakenForOthersAreRenamed) {
     nc.text(temp, "units", "degC");
     nc.text(temp, "units_metadata", "temperature: on_scale");
     nc.text(temp, "valid_for", "ever");
+    nc.number(temp, "scale_min", NC_DOUBLE, {2});
+    nc.number(temp, "Add_Offset", NC_DOUBLE, {1});
   };
   fit(set);
   const ReadSet copy(out());
   EXPECT_EQ(copy.attributes("temp"),
-            (std::vector<std::string>{"units", "the_units_metadata", "valid_for"}));
+            (std::vector<std::string>{"units", "the_units_metadata", "valid_for", "the_scale_min",
+                                      "Add_Offset"}));
 }
 
 TEST_F(FitVariable, NamesBeyond45BytesAreShortened) {

@@ -30,6 +30,7 @@ struct PlanVar {
   std::optional<std::vector<double>> values;  // made here and not read
   std::vector<double> missing;                // numbers that stand for no value in the input
   std::optional<double> fill;   // what all of them, and NaN, become; nothing: they stay
+  double wrap = 0;              // what is added to numbers below 0, which are without sign
   bool unpacked = false;        // scale and offset are worked into the values
   double scale = 1, offset = 0;
   int grid = -1;                // put on the new grid by this entry of Plan::regriddings

@@ -21,6 +21,11 @@ void check(int status, const std::string& what) {
 
 // From the input's numbers to the copy's; what is missing becomes NaN if it is to be replaced.
 void convert(const PlanVar& variable, std::vector<double>& values) {
+  if (variable.wrap > 0) {
+    for (double& value : values) {
+      if (value < 0) value += variable.wrap;
+    }
+  }
   if (!variable.fill) return;
   for (double& value : values) {
     if (standsForMissing(value, variable.missing)) {

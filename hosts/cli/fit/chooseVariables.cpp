@@ -3,6 +3,7 @@
 #include "failures.h"
 #include "fit/rules.h"
 #include "nameList.h"
+#include "util/ocxStrings.h"
 
 namespace cli::fit {
 namespace {
@@ -65,6 +66,25 @@ std::string leftOut(const Draft& draft) {
   throw Failure("No longitude and latitude were found for " + draft.described(*largest) +
                 ": no variables on its dimensions have units of degrees east and degrees north." +
                 leftOut(draft));
+}
+
+// Places where somebody was and looked are no grid, although they have longitudes and latitudes:
+// what lies between them is not known.
+void refuseObservations(const Draft& draft, int number) {
+  const Placing& placing = draft.placing(number);
+  if (placing.kind == GridKind::Axes) return;
+  for (const int place : placing.places) {
+    const Dimension& dim = draft.inDim(place);
+    const std::string name = ocxStrings::upper(dim.name);
+    bool observed = dim.unlimited || !textOf(draft.in.header().globals, "featureType").empty();
+    for (const char* start : {"REPORT", "RECORD", "STATION", "OBS", "TRAJ", "PROFILE", "TIME"}) {
+      observed = observed || name.starts_with(start);
+    }
+    if (!observed) continue;
+    throw Failure(draft.described(number) + " lies along " + dim.name +
+                  ": a list of observations, each at a place of its own, is no grid to draw "
+                  "sections of.");
+  }
 }
 
 // The variable whose grid is taken: the first with more than one level, or else the first.
@@ -147,7 +167,9 @@ void chooseVariables(Draft& draft) {
   const bool asked = !draft.request.variables.empty();
   const std::vector<int> candidates =
       asked ? numbersOf(draft, draft.request.variables) : allNumbers(draft);
-  draft.main = draft.placing(mainOf(draft, candidates));
+  const int main = mainOf(draft, candidates);
+  refuseObservations(draft, main);
+  draft.main = draft.placing(main);
   draft.main.time = timeOf(draft, candidates);
   for (const int number : candidates) {
     draft.var(number).drawn = isDrawable(draft, number);

@@ -10,28 +10,32 @@ namespace {
 
 using ocxStrings::hasPrefix;
 
-// The starts of names by which the control knows an attribute, and the names that are meant.
+// The starts of names by which the control knows an attribute, the name that is meant, and others
+// that can be meant by nothing else.
 struct Meant {
   const char* start;
-  std::initializer_list<const char*> names;
+  const char* name;
+  std::initializer_list<const char*> others;
 };
 
 const std::array kMeant = {
-    Meant{"SCALE", {"scale_factor"}},
-    Meant{"ADD_OFF", {"add_offset"}},
-    Meant{"MISSING", {"missing_value"}},
-    Meant{"_FILL", {"_FillValue"}},
-    Meant{"UNIT", {"units"}},
-    Meant{"LONG_NAME", {"long_name"}},
+    Meant{"SCALE", "scale_factor", {"SCALE", "SCALE_FACTOR"}},
+    Meant{"ADD_OFF", "add_offset", {"ADD_OFF", "ADD_OFFSET"}},
+    Meant{"MISSING", "missing_value", {"MISSING", "MISSING_VALUE"}},
+    Meant{"_FILL", "_FillValue", {"_FILL", "_FILLVALUE"}},
+    Meant{"UNIT", "units", {"UNIT", "UNITS"}},
+    Meant{"LONG_NAME", "long_name", {"LONG_NAME"}},
 };
 
 bool isMisread(const Attributes& attributes, const std::string& name) {
   return std::ranges::any_of(kMeant, [&](const Meant& meant) {
-    if (!hasPrefix(name, meant.start)) return false;
-    const bool proper = std::ranges::find(meant.names, name) != meant.names.end();
-    // Spelt differently it is what is meant, if nothing else is.
-    const bool rival = find(attributes, *meant.names.begin()) != nullptr;
-    return !proper && rival;
+    if (name == meant.name || !hasPrefix(name, meant.start)) return false;
+    const bool alone = find(attributes, meant.name) == nullptr;
+    const std::string word = ocxStrings::upper(name);
+    const bool same = std::ranges::any_of(meant.others, [&](const char* other) {
+      return word == other;
+    });
+    return !(alone && same);
   });
 }
 

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "fit/rules.h"
+#include "util/ocxStrings.h"
 
 namespace cli::fit {
 namespace {
@@ -49,6 +50,32 @@ void fitAttributeTypes(Draft& draft, const std::string& owner, Attributes& attri
                "the control refuses string and 64-bit attributes");
 }
 
+// Numbers that an attribute says to be without sign, in a type that has one.
+void fitUnsigned(Draft& draft, PlanVar& variable) {
+  const std::string word = ocxStrings::upper(textOf(variable.attributes, "_Unsigned"));
+  const bool integer =
+      variable.type == NC_BYTE || variable.type == NC_SHORT || variable.type == NC_INT;
+  if (word != "TRUE" || !integer || variable.values) return;
+  variable.wrap = variable.type == NC_BYTE    ? 256.0
+                  : variable.type == NC_SHORT ? 65536.0
+                                              : 4294967296.0;
+  variable.type = variable.type == NC_BYTE    ? NC_SHORT
+                  : variable.type == NC_SHORT ? NC_INT
+                                              : NC_DOUBLE;
+  remove(variable.attributes, "_Unsigned");
+  for (Attribute& attribute : variable.attributes) {
+    const bool ofValues = attribute.name == "_FillValue" || attribute.name == "missing_value" ||
+                          attribute.name.starts_with("valid_");
+    if (!ofValues || attribute.isText()) continue;
+    for (double& number : attribute.numbers) {
+      if (number < 0) number += variable.wrap;
+    }
+    attribute.type = variable.type;
+  }
+  draft.change(variable.name, "stored as " + nameOf(variable.type),
+               "the control reads its numbers without sign as numbers with one");
+}
+
 // Values of large variables are not looked at for this.
 bool valuesFit(const Draft& draft, const PlanVar& variable) {
   constexpr std::size_t kLarge = std::size_t{1} << 20;
@@ -62,6 +89,7 @@ bool valuesFit(const Draft& draft, const PlanVar& variable) {
 void fitTypes(Draft& draft) {
   for (PlanVar& variable : draft.plan.vars) {
     if (variable.gone) continue;
+    fitUnsigned(draft, variable);
     const bool wide = variable.type >= NC_UINT && variable.type <= NC_UINT64;
     const nc_type wanted = classic(variable.type, wide && valuesFit(draft, variable));
     if (wanted != variable.type) {
