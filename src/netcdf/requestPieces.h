@@ -15,7 +15,8 @@ namespace ocxNetNc {
 // servers refuse large requests too.
 inline constexpr int64_t kMostPerRequest = int64_t{1} << 20;
 
-// A hyperslab as the library takes it; the first `rank` entries of the lists count, one a dimension.
+// A hyperslab as the library takes it; the first `rank` entries of the lists count, one for each
+// dimension.
 struct Hyperslab {
   template <class Number>
   using List = std::array<Number, kDimensionLimit>;

@@ -38,7 +38,8 @@ std::vector<double> around(double number) {
   };
   const double below = neighbour(nearest, -std::numeric_limits<float>::infinity());
   const double above = neighbour(nearest, std::numeric_limits<float>::infinity());
-  for (const double middle : {below, (below + nearest) / 2, nearest, (nearest + above) / 2, above}) {
+  const double halves[] = {(below + nearest) / 2, (nearest + above) / 2};
+  for (const double middle : {below, halves[0], nearest, halves[1], above}) {
     numbers.insert(numbers.end(), {std::nextafter(middle, -kInfinity), middle,
                                    std::nextafter(middle, kInfinity)});
   }
@@ -77,7 +78,8 @@ TEST(ConvertTest, TakesEachValueByItself) {
   for (std::size_t length = 1; length <= 70; ++length) {
     std::vector<short> raw;
     for (std::size_t i = 0; i < length; ++i) {
-      raw.push_back(i % 3 == 0 ? short{-32768} : static_cast<short>(static_cast<int>(i) * 311 - 9000));
+      const int number = i % 3 == 0 ? -32768 : static_cast<int>(i) * 311 - 9000;
+      raw.push_back(static_cast<short>(number));
     }
     std::vector<float> values(length, 77);
     const auto missing = static_cast<int32_t>((length + 2) / 3);

@@ -14,7 +14,8 @@ using ocxNetNc::Hyperslab;
 using Sizes = std::vector<std::size_t>;
 using Pieces = std::vector<std::pair<Sizes, Sizes>>;  // start and count of each
 
-Hyperslab slabOf(const Sizes& start, const Sizes& count, const std::vector<std::ptrdiff_t>& stride) {
+Hyperslab slabOf(const Sizes& start, const Sizes& count,
+                 const std::vector<std::ptrdiff_t>& stride) {
   Hyperslab slab;
   slab.rank = count.size();
   std::ranges::copy(start, slab.start.begin());
