@@ -32,9 +32,9 @@ uint64_t saltOf(const std::string& kind) {
 
 Mutator::Mutator(const std::filesystem::path& seeds, const std::string& kind)
     : salt_(saltOf(kind)),
-      hdf5_(kind == "netcdf4" || kind == "netcdf4-mended"),
-      mended_(kind == "netcdf4-mended") {
-  for (const auto& path : filesIn(seeds / (hdf5_ ? "netcdf4" : kind))) {
+      hdf5_(kind.starts_with("netcdf4") || kind.starts_with("odd")),
+      mended_(kind.ends_with("-mended")) {
+  for (const auto& path : filesIn(seeds / kind.substr(0, kind.find('-')))) {
     seeds_.push_back({.bytes = platform::readWholeFile(path.string(), kLargestSeed), .layout = {}, .checksummed = {}});
   }
   if (seeds_.empty()) throw std::runtime_error("no files of this kind: " + kind);

@@ -11,7 +11,8 @@
 namespace fuzz {
 
 // Makes damaged data sets of one kind out of whole ones: classic (CDF-1), offset64 (CDF-2), data64
-// (CDF-5), netcdf4, or netcdf4-mended, which has right checksums over the damage.
+// (CDF-5), netcdf4, odd (HDF5 files of other programs), or netcdf4-mended and odd-mended, which have
+// right checksums over the damage.
 class Mutator {
  public:
   // Takes the files of the kind's folder below seeds; throws std::runtime_error without any.

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "checksums.h"
+#include "oddSets.h"
 #include "platform/files.h"
 #include "support/NcMaker.h"
 
@@ -95,9 +96,9 @@ void makeFixed(const std::string& path, int mode) {
   NcMaker nc(path, mode);
   Model model(nc, Model::kTimes, NC_DOUBLE);
   std::vector<int> drawn;
-  for (const auto& [name, type] : {std::pair{"bytes", NC_BYTE}, std::pair{"shorts", NC_SHORT},
-                                   std::pair{"ints", NC_INT}, std::pair{"floats", NC_FLOAT},
-                                   std::pair{"doubles", NC_DOUBLE}}) {
+  for (const auto& [name, type] :
+       {std::pair{"bytes", NC_BYTE}, std::pair{"shorts", NC_SHORT}, std::pair{"ints", NC_INT},
+        std::pair{"floats", NC_FLOAT}, std::pair{"doubles", NC_DOUBLE}}) {
     drawn.push_back(nc.var(name, type, model.shape()));
   }
   nc.var("letters", NC_CHAR, {model.lat, model.lon});
@@ -223,8 +224,7 @@ void makeSeedSets(const std::filesystem::path& folder) {
   const struct {
     const char* name;
     int mode;
-  } formats[] = {
-      {"classic", 0}, {"offset64", NC_64BIT_OFFSET}, {"data64", NC_64BIT_DATA}};
+  } formats[] = {{"classic", 0}, {"offset64", NC_64BIT_OFFSET}, {"data64", NC_64BIT_DATA}};
   for (const auto& [name, mode] : formats) {
     const std::filesystem::path place = folder / name;
     create_directories(place);
@@ -238,7 +238,11 @@ void makeSeedSets(const std::filesystem::path& folder) {
   makeFixed((place / "fixed.nc").string(), NC_NETCDF4);
   makeChunks((place / "chunks.nc").string(), NC_NETCDF4);
   makeGroups((place / "groups.nc").string(), NC_NETCDF4);
-  for (const auto& entry : std::filesystem::directory_iterator(place)) forgetTimes(entry.path());
+  create_directories(folder / "odd");
+  makeOddSets(folder / "odd");
+  for (const auto& made : {place, folder / "odd"}) {
+    for (const auto& entry : std::filesystem::directory_iterator(made)) forgetTimes(entry.path());
+  }
 }
 
 }  // namespace fuzz

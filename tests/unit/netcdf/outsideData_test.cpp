@@ -69,4 +69,26 @@ TEST_F(OutsideData, IsNotReadAsAVariable) {
   nc_close(id);
 }
 
+// Numbers of sixteen bytes once passed for strings, whose values are half as long.
+TEST(LongNumbers, AreNoVariables) {
+  const support::TempFolder folder;
+  const std::string path = folder.file("set.nc");
+  {
+    Hdf5Maker set(path);
+    set.axis("x", {1, 2, 3}, "m");
+    const hid_t sixteen = set.keep(H5Tcopy(H5T_IEEE_F64LE));
+    ASSERT_GE(H5Tset_size(sixteen, 16), 0);
+    ASSERT_GE(H5Tset_precision(sixteen, 128), 0);
+    ASSERT_GE(H5Tset_fields(sixteen, 127, 112, 15, 0, 112), 0);
+    ASSERT_GE(H5Tset_ebias(sixteen, 16'383), 0);
+    set.variable("long", sixteen, {"x"});
+    set.variable("short", H5T_STD_I16LE, {"x"});
+  }
+  int id = -1, variable = -1;
+  ASSERT_EQ(nc_open(path.c_str(), NC_NOWRITE, &id), NC_NOERR);
+  EXPECT_EQ(nc_inq_varid(id, "long", &variable), NC_ENOTVAR);
+  EXPECT_EQ(nc_inq_varid(id, "short", &variable), NC_NOERR);
+  nc_close(id);
+}
+
 }  // namespace
