@@ -76,9 +76,15 @@ void addDrawing(Files file) {
     addScene(file, "frame", set, kWindow, nothing, frame);
   }
   for (const int32_t divisions : {10, 1000, 30'000}) {
-    addScene(
-        file, "key-" + std::to_string(divisions), "regional-classic", kWindow,
-        [=](Scene& scene) { scene.useKey(divisions); }, again);
+    const std::string key = "key-" + std::to_string(divisions);
+    const auto use = [=](Scene& scene) { scene.useKey(divisions); };
+    addScene(file, key, "regional-classic", kWindow, use, again);
+    // Its legend has a box and a label for every division.
+    const auto useAlone = [=](Scene& scene) {
+      scene.useKey(divisions);
+      KelvaneMain::settings.ShowLegend = 0;
+    };
+    addScene(file, key + "-without-legend", "long", kWindow, useAlone, again);
   }
 }
 

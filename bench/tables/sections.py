@@ -68,17 +68,21 @@ def frames(benchmarks):
 
 def large(benchmarks):
     table = Table("Drawing beside one fill of the picture", COLUMNS,
-                  "Everything that drawing does without reading.")
-    def add(what, name, size, target):
+                  "Everything that drawing does without reading. With the keys no legend is drawn, "
+                  "which would have a box and a label for each division.")
+    def add(what, name, size, target, with_key=""):
         def row():
             full = f"{what}/{name}/{size}"
             columns = int(benchmarks.counter(full, "columns"))
             levels = int(benchmarks.counter(full, "levels"))
-            _row(table, benchmarks, f"ReDraw, {name}, {columns:,} x {levels} cells, {size}", full,
+            _row(table, benchmarks,
+                 f"ReDraw, {name}, {columns:,} x {levels} cells, {size}{with_key}", full,
                  benchmarks.time(f"bare/fill/{size}"), target)
         return row
     each_row(add("redraw", name, size, Target(LARGE) if name == "long" else None)
              for size in ("1000x600", "3840x2160") for name in ("regional-classic", "long"))
+    each_row(add(f"key-{count}-without-legend", "long", "1000x600", None, f", key of {count:,}")
+             for count in (10, 1000, 30000))
     return table
 
 
