@@ -10,6 +10,8 @@ constexpr uint32_t kNone = 0xFF000000;
 // The colours held at a time, 256 KB of them.
 constexpr std::size_t kColoursAtATime = 65536;
 constexpr std::size_t kFewestRuns = 16;
+// Turned from columns to levels together: their pixels are a line of the cache.
+constexpr std::size_t kRunsAtATime = 16;
 
 std::size_t at(int32_t index) { return static_cast<std::size_t>(index); }
 
@@ -20,9 +22,10 @@ bool CellPainter::paint() {
   const auto bands = pixelCover(cells_.y(), rows_.height());
   if (!columns || !bands) return false;
   if (columns->empty() || bands->empty()) return true;
-  prepareRows(*bands, columns->front().begin, columns->back().end);
   const std::size_t runsAtATime = std::max(kFewestRuns, kColoursAtATime / at(cells_.levels()));
   const Runs all(*columns);
+  reserve(std::min(runsAtATime, all.size()), columns->back().end - columns->front().begin);
+  prepareRows(*bands, columns->front().begin, columns->back().end);
   for (std::size_t done = 0; done < all.size(); done += runsAtATime) {
     const Runs tile = all.subspan(done, std::min(runsAtATime, all.size() - done));
     gather(tile);
@@ -34,6 +37,16 @@ bool CellPainter::paint() {
     }
   }
   return true;
+}
+
+// All memory is there before the first row is touched: a failure leaves the picture as it was.
+void CellPainter::reserve(std::size_t runs, int32_t pixels) {
+  const std::size_t levels = at(cells_.levels());
+  found_.reserve(kRunsAtATime * levels);
+  colours_.reserve(runs * levels);
+  runColours_.reserve(std::max(runs, at(pixels)));
+  line_.reserve(std::max(runs, at(pixels)));
+  fresh_.reserve(at(rows_.height()));
 }
 
 // Of rows that count as white only the ends are made so: the cells write all of the rest.
@@ -52,7 +65,6 @@ void CellPainter::prepareRows(std::span<const PixelRun> bands, int32_t left, int
 
 // The colours come column by column and are wanted level by level.
 void CellPainter::gather(Runs tile) {
-  constexpr std::size_t kRunsAtATime = 16;  // their pixels are a line of the cache
   const std::size_t levels = at(cells_.levels());
   found_.resize(kRunsAtATime * levels);
   colours_.resize(tile.size() * levels);

@@ -24,6 +24,7 @@ class CellPainter {
  private:
   // Runs of columns that are worked on together, so that their colours stay in the cache.
   using Runs = std::span<const PixelRun>;
+  void reserve(std::size_t runs, int32_t pixels);
   void prepareRows(std::span<const PixelRun> bands, int32_t left, int32_t right);
   void gather(Runs tile);
   void resolve(const PixelRun& run, std::span<Colour> colours) const;

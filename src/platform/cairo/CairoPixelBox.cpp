@@ -22,30 +22,27 @@ int32_t placeOf(float coordinate) {
 void CairoPixelBox::Move(int32_t, int32_t, int32_t width, int32_t height) {
   const int32_t newWidth = std::clamp(width, 0, kLargestSide);
   const int32_t newHeight = std::clamp(height, 0, kLargestSide);
-  if (newWidth == width_ && newHeight == height_) return;
-  width_ = newWidth;
-  height_ = newHeight;
-  makeSurface();
+  if (newWidth != width_ || newHeight != height_) makeSurface(newWidth, newHeight);
 }
 
-void CairoPixelBox::makeSurface() {
+// The box is empty until everything is there.
+void CairoPixelBox::makeSurface(int32_t width, int32_t height) {
+  width_ = height_ = 0;
+  rows_ = {};
   context_.reset();
   surface_.reset();
-  rows_ = {};
-  if (width_ > 0 && height_ > 0 && int64_t{width_} * height_ <= kMostPixels) {
-    CairoSurface made(cairo_image_surface_create(CAIRO_FORMAT_RGB24, width_, height_));
-    if (cairo_surface_status(made.get()) == CAIRO_STATUS_SUCCESS) {
-      surface_ = std::move(made);
-      context_.reset(cairo_create(surface_.get()));
-      // Rows of this format are aligned to their 32-bit pixels.
-      void* start = cairo_image_surface_get_data(surface_.get());
-      const int stride = cairo_image_surface_get_stride(surface_.get());
-      rows_ = PixelRows(static_cast<uint32_t*>(start), stride / 4, width_, height_);
-      Cls();
-      return;
-    }
-  }
-  width_ = height_ = 0;
+  if (width < 1 || height < 1 || int64_t{width} * height > kMostPixels) return;
+  CairoSurface made(cairo_image_surface_create(CAIRO_FORMAT_RGB24, width, height));
+  if (cairo_surface_status(made.get()) != CAIRO_STATUS_SUCCESS) return;
+  // Rows of this format are aligned to their 32-bit pixels.
+  void* start = cairo_image_surface_get_data(made.get());
+  const int stride = cairo_image_surface_get_stride(made.get());
+  rows_ = PixelRows(static_cast<uint32_t*>(start), stride / 4, width, height);
+  context_.reset(cairo_create(made.get()));
+  surface_ = std::move(made);
+  width_ = width;
+  height_ = height;
+  Cls();
 }
 
 cairo_t* CairoPixelBox::drawWithCairo(int32_t first, int32_t last) {

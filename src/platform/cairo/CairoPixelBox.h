@@ -41,7 +41,7 @@ class CairoPixelBox : public PictureBox {
   const PixelRows& pixels() const;
 
  private:
-  void makeSurface();
+  void makeSurface(int32_t width, int32_t height);
   void fill(const PixelBox& box, Colour colour);
   void drawSlanted(const LinePiece& line, int32_t thickness, Colour colour);
   void drawThin(const LinePiece& line, Colour colour);

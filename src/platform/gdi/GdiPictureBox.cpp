@@ -81,11 +81,11 @@ void GdiPictureBox::Move(int32_t, int32_t, int32_t width, int32_t height) {
   void* bits = nullptr;
   bitmap_.reset(CreateDIBSection(dc_.get(), &info, DIB_RGB_COLORS, &bits, nullptr, 0));
   if (!bitmap_ || bits == nullptr) return;
+  rows_ = PixelRows(static_cast<uint32_t*>(bits), width, width, height);
   SelectObject(dc_.get(), bitmap_.get());
   pixels_ = static_cast<uint32_t*>(bits);
   width_ = width;
   height_ = height;
-  rows_ = PixelRows(pixels_, width, width, height);
   Cls();
 }
 
