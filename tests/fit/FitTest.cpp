@@ -36,8 +36,7 @@ cli_test::Result FitTest::fitMade(const std::vector<std::string>& options,
   if (result.status != 0) throw std::runtime_error("There is no copy.");
   const std::string path = pathThrough(ReadSet(out()));
   for (const std::string& name : drawn) {
-    const cli_test::Result values =
-        kelvane({"values", out(), "--var", name, "--path", path});
+    const cli_test::Result values = kelvane({"values", out(), "--var", name, "--path", path});
     EXPECT_EQ(values.status, 0) << name << ": " << values.err;
   }
   return result;

@@ -93,9 +93,9 @@ double ReadSet::number(const std::string& variable, const std::string& name) con
 
 std::vector<std::string> ReadSet::attributes(const std::string& variable) const {
   int count = 0;
-  check(variable.empty() ? nc_inq_natts(ncid_, &count)
-                         : nc_inq_varnatts(ncid_, id(variable), &count),
-        variable);
+  check(
+      variable.empty() ? nc_inq_natts(ncid_, &count) : nc_inq_varnatts(ncid_, id(variable), &count),
+      variable);
   std::vector<std::string> names;
   for (int at = 0; at < count; ++at) {
     char name[NC_MAX_NAME + 1] = {};

@@ -1,10 +1,9 @@
-#include "fit/BlockReader.h"
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <random>
 
+#include "fit/BlockReader.h"
 #include "fit/blocks.h"
 
 // Blocks of a copy, against what each value must be by its indices.

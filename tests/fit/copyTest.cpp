@@ -52,11 +52,11 @@ TEST_F(FitCopy, ALinkThatLeadsNowhereIsFollowed) {
 
 TEST_F(FitCopy, RefusesPlacesThatAreNoFiles) {
   fs::create_directory(file("folder"));
-  for (const auto& [name, reason] :
-       std::vector<std::pair<std::string, std::string>>{{"folder", "Is a directory"},
-                                                        {"/dev/full", "Not a regular file"},
-                                                        {"none/out.nc", "No such file"},
-                                                        {"http://127.0.0.1/x.nc", "must be a file"}}) {
+  for (const auto& [name, reason] : std::vector<std::pair<std::string, std::string>>{
+           {"folder", "Is a directory"},
+           {"/dev/full", "Not a regular file"},
+           {"none/out.nc", "No such file"},
+           {"http://127.0.0.1/x.nc", "must be a file"}}) {
     const Result result = kelvane({"fit", "in.nc", name});
     EXPECT_EQ(result.status, 1) << name;
     EXPECT_TRUE(contains(result.err, reason)) << result.err;
@@ -91,11 +91,13 @@ TEST_F(FitCopy, TellsWhyADataSetCannotBeRead) {
 
 TEST_F(FitCopy, RefusesOptionsThatAreNone) {
   const std::vector<std::vector<std::string>> options = {
-      {"--box", "1,2,3"},       {"--box", "0,10,5,10"},   {"--box", "0,-91,5,0"},
-      {"--box", "0,0,400,1"},   {"--grid", "0"},          {"--grid", "1,2,3"},
-      {"--grid", "-1"},         {"--select", "run"},      {"--select", "run=0"},
-      {"--select", "=1"},       {"--times", "3:2"},       {"--vars", "a,,b"},
-      {"--method", "nearest"},  {"--grid", "1", "--method", "cubic"}};
+      {"--box", "1,2,3"},      {"--box", "0,10,5,10"},
+      {"--box", "0,-91,5,0"},  {"--box", "0,0,400,1"},
+      {"--grid", "0"},         {"--grid", "1,2,3"},
+      {"--grid", "-1"},        {"--select", "run"},
+      {"--select", "run=0"},   {"--select", "=1"},
+      {"--times", "3:2"},      {"--vars", "a,,b"},
+      {"--method", "nearest"}, {"--grid", "1", "--method", "cubic"}};
   for (const std::vector<std::string>& option : options) {
     std::vector<std::string> arguments = {"fit", "in.nc", "out.nc"};
     arguments.insert(arguments.end(), option.begin(), option.end());
@@ -143,7 +145,8 @@ class LargeFit : public FitTest {
     const std::size_t row = steps * kSide * 20;
     for (std::size_t j = 0; j < kSide; ++j) {
       std::vector<double> values(row);
-      for (std::size_t at = 0; at < row; ++at) values[at] = static_cast<double>((j * row + at) % 9999);
+      for (std::size_t at = 0; at < row; ++at)
+        values[at] = static_cast<double>((j * row + at) % 9999);
       nc.putSlab(temp, {j, 0, 0, 0}, {1, steps, kSide, 20}, values);
     }
     nc.close();

@@ -129,10 +129,9 @@ TEST_F(FitGrid, NearestTakesTheValueOfAPointUnchanged) {
       double best = 10, nearest = 0;
       const double rad = std::acos(-1.0) / 180;
       for (std::size_t at = 0; at < points.lons.size(); ++at) {
-        const double cosine =
-            std::sin(place.second * rad) * std::sin(points.lats[at] * rad) +
-            std::cos(place.second * rad) * std::cos(points.lats[at] * rad) *
-                std::cos((place.first - points.lons[at]) * rad);
+        const double cosine = std::sin(place.second * rad) * std::sin(points.lats[at] * rad) +
+                              std::cos(place.second * rad) * std::cos(points.lats[at] * rad) *
+                                  std::cos((place.first - points.lons[at]) * rad);
         const double way = std::acos(std::min(1.0, cosine));
         if (way < best) {
           best = way;

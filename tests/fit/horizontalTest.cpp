@@ -83,8 +83,9 @@ TEST_F(FitHorizontal, UnitsAndTypesBecomeThoseThatTheControlKnows) {
   EXPECT_EQ(copy.text("lon", "units"), "degrees_east");
   EXPECT_EQ(copy.type("lon"), NC_DOUBLE);
   EXPECT_EQ(copy.type("lat"), NC_DOUBLE);
-  EXPECT_TRUE(contains(result.out, "lat: units \"degrees_north\" (not known to the control: "
-                                   "\"deg_N\")"))
+  EXPECT_TRUE(contains(result.out,
+                       "lat: units \"degrees_north\" (not known to the control: "
+                       "\"deg_N\")"))
       << result.out;
 }
 

@@ -113,11 +113,15 @@ TEST(FitPlan, RefusesWithTheReason) {
          input.content.vars[0].name = "x";
          input.content.vars[0].attributes[0].text = "m";
        }},
-      {"There is no section to draw", [](Described& input) { input.content.vars[4].dims = {0, 2, 3}; }},
+      {"There is no section to draw",
+       [](Described& input) {
+         input.content.vars[4].dims = {0, 2, 3};
+       }},
       {"There is nothing to draw", [](Described& input) { input.content.vars.pop_back(); }},
       {"valid_time has values that are no numbers",
        [](Described& input) { input.values[3][1] = std::numeric_limits<double>::quiet_NaN(); }},
-      {"The dimension plev is too long", [](Described& input) { input.content.dims[1].length = 1U << 30; }},
+      {"The dimension plev is too long",
+       [](Described& input) { input.content.dims[1].length = 1U << 30; }},
       {"ta(valid_time, plev, latitude) lies along latitude: a list of observations",
        [](Described& input) {
          input.content.vars[0].dims = {2};

@@ -152,8 +152,9 @@ TEST_F(FitTime, AVariableWithoutTimeIsRepeatedWhereItIsAskedFor) {
     nc.put(depth, values);
   };
   const auto untouched = fit(set);
-  EXPECT_TRUE(contains(untouched.err, "mask(depth, lat, lon) cannot be drawn: it has no time; "
-                                      "--vars with its name repeats it at every step."))
+  EXPECT_TRUE(contains(untouched.err,
+                       "mask(depth, lat, lon) cannot be drawn: it has no time; "
+                       "--vars with its name repeats it at every step."))
       << untouched.err;
   EXPECT_EQ(ReadSet(out()).dims("mask"), "depth lat lon");
   fitMade({"--vars", "temp,mask"}, {"temp", "mask"});

@@ -1,8 +1,7 @@
-#include "fit/timeUnits.h"
-
 #include <gtest/gtest.h>
 
 #include "fit/calendars.h"
+#include "fit/timeUnits.h"
 #include "fit/units.h"
 
 // Times, without files.
@@ -82,8 +81,8 @@ TEST(FitCalendars, CountOnAndBack) {
       const Day day = cli::fit::dayOf(calendar, count);
       ASSERT_EQ(cli::fit::countOf(calendar, day), count)
           << day.year << " " << day.month << " " << day.day;
-      const bool next = day.year == before.year && day.month == before.month &&
-                        day.day == before.day + 1;
+      const bool next =
+          day.year == before.year && day.month == before.month && day.day == before.day + 1;
       const bool begins = day.day == 1 || (calendar == Calendar::Standard && day.day == 15 &&
                                            day.year == 1582 && before.day == 4);
       ASSERT_TRUE(next || begins) << day.year << " " << day.month << " " << day.day;

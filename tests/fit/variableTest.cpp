@@ -21,7 +21,7 @@ TEST_F(FitVariable, DimensionsAreReordered) {
     const auto result = fit(set);
     const std::string dims = ReadSet(out()).dims("temp");
     EXPECT_TRUE(dims == "time depth lat lon" || dims == "depth time lat lon") << order << dims;
-    EXPECT_TRUE(contains(result.out, "temp: dimensions reordered to " )) << result.out;
+    EXPECT_TRUE(contains(result.out, "temp: dimensions reordered to ")) << result.out;
     if (dims == "time depth lat lon") {
       expectTemp(2, 3, 4, 5, plainValue);
     } else {
@@ -67,7 +67,8 @@ TEST_F(ManyDimensions, OfLengthOneAreDropped) {
   make();
   const auto result = fitMade({}, {"temp", "many"});
   EXPECT_EQ(ReadSet(out()).dims("many"), "time run depth lat lon");
-  EXPECT_TRUE(contains(result.err, "many is drawn for the first run of 2; --select run=N")) << result.err;
+  EXPECT_TRUE(contains(result.err, "many is drawn for the first run of 2; --select run=N"))
+      << result.err;
 }
 
 TEST_F(ManyDimensions, AreReducedByWhatIsSelected) {
@@ -139,18 +140,38 @@ const std::vector<Missing> kMissing = {
     {"noneUntold", NC_DOUBLE, {}, {5, 7}, {5, 7}, kNan},
     {"neverWritten", NC_FLOAT, {}, {kNewFill, 7}, {kNewFill, 7}, kNewFill},
     {"zero", NC_FLOAT, {{"_FillValue", 0}}, {0, 7}, {kNewFill, 7}, kNewFill},
-    {"two", NC_FLOAT, {{"_FillValue", 1e20F}, {"missing_value", -99}}, {1e20F, -99, 7},
-     {1e20F, 1e20F, 7}, 1e20F},
-    {"twoWithNan", NC_FLOAT, {{"_FillValue", kNan}, {"missing_value", -99}}, {kNan, -99, 7},
-     {kNewFill, kNewFill, 7}, kNewFill},
-    {"otherPrecision", NC_FLOAT, {{"missing_value", 1e20}, {"_FillValue", 1e20F}}, {1e20F, 7},
-     {1e20F, 7}, 1e20F},
+    {"two",
+     NC_FLOAT,
+     {{"_FillValue", 1e20F}, {"missing_value", -99}},
+     {1e20F, -99, 7},
+     {1e20F, 1e20F, 7},
+     1e20F},
+    {"twoWithNan",
+     NC_FLOAT,
+     {{"_FillValue", kNan}, {"missing_value", -99}},
+     {kNan, -99, 7},
+     {kNewFill, kNewFill, 7},
+     kNewFill},
+    {"otherPrecision",
+     NC_FLOAT,
+     {{"missing_value", 1e20}, {"_FillValue", 1e20F}},
+     {1e20F, 7},
+     {1e20F, 7},
+     1e20F},
     {"nearby", NC_FLOAT, {{"missing_value", -99}}, {-99, -98.5, 7}, {kNewFill, -98.5, 7}, kNewFill},
     {"beyond", NC_FLOAT, {{"missing_value", 50}}, {50, 60, 7}, {kNewFill, 60, 7}, kNewFill},
-    {"packed", NC_SHORT, {{"_FillValue", -32767}, {"scale_factor", 0.5}, {"add_offset", 10}},
-     {-32767, -32766, 4}, {kNewFill, -16373, 12}, kNewFill},
-    {"packedAway", NC_SHORT, {{"_FillValue", -32767}, {"scale_factor", 0.5}, {"add_offset", 10}},
-     {-32767, -30000, 4}, {-32767, -30000, 4}, -32767},
+    {"packed",
+     NC_SHORT,
+     {{"_FillValue", -32767}, {"scale_factor", 0.5}, {"add_offset", 10}},
+     {-32767, -32766, 4},
+     {kNewFill, -16373, 12},
+     kNewFill},
+    {"packedAway",
+     NC_SHORT,
+     {{"_FillValue", -32767}, {"scale_factor", 0.5}, {"add_offset", 10}},
+     {-32767, -30000, 4},
+     {-32767, -30000, 4},
+     -32767},
     {"whole", NC_INT, {{"_FillValue", 0}}, {0, 16777217}, {kNewFill, 16777217}, kNewFill},
 };
 
@@ -158,9 +179,9 @@ INSTANTIATE_TEST_SUITE_P(Fit, MissingValues, testing::ValuesIn(kMissing),
                          [](const auto& each) { return std::string(each.param.about); });
 
 TEST_F(FitVariable, TypesOfNewFormatsAreMadeClassic) {
-  const std::vector<std::pair<nc_type, nc_type>> types = {
-      {NC_UBYTE, NC_SHORT}, {NC_USHORT, NC_INT},   {NC_UINT, NC_INT},
-      {NC_INT64, NC_INT},   {NC_UINT64, NC_INT}, {NC_BYTE, NC_BYTE}};
+  const std::vector<std::pair<nc_type, nc_type>> types = {{NC_UBYTE, NC_SHORT}, {NC_USHORT, NC_INT},
+                                                          {NC_UINT, NC_INT},    {NC_INT64, NC_INT},
+                                                          {NC_UINT64, NC_INT},  {NC_BYTE, NC_BYTE}};
   for (const auto& [type, expected] : types) {
     MadeSet set;
     set.mode = NC_NETCDF4;
@@ -170,9 +191,8 @@ TEST_F(FitVariable, TypesOfNewFormatsAreMadeClassic) {
     };
     fit(set);
     EXPECT_EQ(ReadSet(out()).type("temp"), expected) << type;
-    expectTemp(2, 3, 4, 5, [](auto, auto k, auto j, auto i) {
-      return static_cast<double>(k + 10 * j + i);
-    });
+    expectTemp(2, 3, 4, 5,
+               [](auto, auto k, auto j, auto i) { return static_cast<double>(k + 10 * j + i); });
   }
 }
 
@@ -221,7 +241,10 @@ TEST_F(FitVariable, StringsAreMadeCharacters) {
   set.mode = NC_NETCDF4;
   int names = -1;
   set.more = [&](support::NcMaker& nc, int temp) {
-    const char* text[] = {"Sea \xC2\xB0" "C", "second"};
+    const char* text[] = {
+        "Sea \xC2\xB0"
+        "C",
+        "second"};
     nc_put_att_string(nc.id(), temp, "long_name", 1, text);
     nc_put_att_string(nc.id(), NC_GLOBAL, "title", 2, text);
     nc.number(temp, "count", NC_INT64, {5e9});
@@ -234,8 +257,12 @@ TEST_F(FitVariable, StringsAreMadeCharacters) {
   };
   const auto result = fit(set);
   const ReadSet copy(out());
-  EXPECT_EQ(copy.text("temp", "long_name"), "Sea \xC2\xB0" "C");
-  EXPECT_EQ(copy.text("", "title"), "Sea \xC2\xB0" "C, second");
+  EXPECT_EQ(copy.text("temp", "long_name"),
+            "Sea \xC2\xB0"
+            "C");
+  EXPECT_EQ(copy.text("", "title"),
+            "Sea \xC2\xB0"
+            "C, second");
   EXPECT_EQ(copy.number("temp", "count"), 5e9);
   EXPECT_EQ(copy.dims("names"), "time width_of_names");
   EXPECT_EQ(copy.type("names"), NC_CHAR);
@@ -330,9 +357,10 @@ TEST_F(FitVariable, ThoseOnOtherGridsAreToldOf) {
     nc.var("u", NC_FLOAT, {0, 3, 2, x});
   };
   const auto result = fit(set);
-  EXPECT_TRUE(contains(result.err, "u(time, depth, lat, lon_u) cannot be drawn: its grid is "
-                                   "another; fit it by itself with --vars, or all of them with "
-                                   "--grid."))
+  EXPECT_TRUE(contains(result.err,
+                       "u(time, depth, lat, lon_u) cannot be drawn: its grid is "
+                       "another; fit it by itself with --vars, or all of them with "
+                       "--grid."))
       << result.err;
 }
 

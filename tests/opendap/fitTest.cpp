@@ -25,8 +25,8 @@ class FitOfAServedSet : public testing::Test {
     return made;
   }
   static cli_test::Result fit(const std::string& in, const std::string& out) {
-    return cli_test::run({KELVANE_PROGRAM, "fit", in, out, "--box", "-40,-10,-10,10", "--vars",
-                          "TEMP"});
+    return cli_test::run(
+        {KELVANE_PROGRAM, "fit", in, out, "--box", "-40,-10,-10,10", "--vars", "TEMP"});
   }
   static std::vector<double> values(const std::string& file, const char* name) {
     int id = -1, variable = -1;
@@ -54,8 +54,7 @@ class FitOfAServedSet : public testing::Test {
 
 TEST_F(FitOfAServedSet, HasTheValuesOfTheFile) {
   const cli_test::Result local = fit(folder() + "/levitus.nc", own("local.nc"));
-  const cli_test::Result remote =
-      fit(server.url("levitus.nc", "user:secret@"), own("remote.nc"));
+  const cli_test::Result remote = fit(server.url("levitus.nc", "user:secret@"), own("remote.nc"));
   ASSERT_EQ(local.status, 0) << local.err;
   ASSERT_EQ(remote.status, 0) << remote.err;
   EXPECT_EQ(values(own("remote.nc"), "TEMP"), values(own("local.nc"), "TEMP"));
@@ -65,8 +64,7 @@ TEST_F(FitOfAServedSet, HasTheValuesOfTheFile) {
 }
 
 TEST_F(FitOfAServedSet, ThatIsNotThereIsTold) {
-  const cli_test::Result result =
-      fit(server.url("none.nc", "user:secret@"), own("none.nc"));
+  const cli_test::Result result = fit(server.url("none.nc", "user:secret@"), own("none.nc"));
   EXPECT_EQ(result.status, 1);
   EXPECT_NE(result.err.find("Status "), std::string::npos) << result.err;
   EXPECT_EQ(result.err.find("secret"), std::string::npos) << result.err;

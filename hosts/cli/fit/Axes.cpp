@@ -15,7 +15,8 @@ bool has(const std::vector<int>& list, int wanted) {
 class Finder {
  public:
   Finder(const Input& input, int variable)
-      : header_(input.header()), own_(variable),
+      : header_(input.header()),
+        own_(variable),
         dims_(header_.vars[static_cast<std::size_t>(variable)].dims) {}
 
   Placing find() {

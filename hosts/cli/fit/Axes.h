@@ -27,8 +27,8 @@ enum class GridKind {
 // How a variable lies in the world.
 struct Placing {
   GridKind kind = GridKind::None;
-  Axis lon, lat;             // with Curvilinear and Cells only the variables are set
-  std::vector<int> places;   // its horizontal dimensions, in the order of the input
+  Axis lon, lat;            // with Curvilinear and Cells only the variables are set
+  std::vector<int> places;  // its horizontal dimensions, in the order of the input
   Axis level, time;
 
   bool sameGrid(const Placing& other) const {

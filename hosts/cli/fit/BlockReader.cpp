@@ -8,9 +8,8 @@ BlockReader::BlockReader(const Input& input, const Plan& plan, const PlanVar& va
     : input_(input), plan_(plan), variable_(variable) {
   for (const int dim : input.header().vars[static_cast<std::size_t>(variable.source)].dims) {
     const auto at = std::ranges::find(variable.dims, dim);
-    positions_.push_back(at == variable.dims.end()
-                             ? -1
-                             : static_cast<int>(at - variable.dims.begin()));
+    positions_.push_back(at == variable.dims.end() ? -1
+                                                   : static_cast<int>(at - variable.dims.begin()));
   }
 }
 

@@ -36,8 +36,8 @@ class BlockReader {
   const Input& input_;
   const Plan& plan_;
   const PlanVar& variable_;
-  std::vector<int> positions_;          // of the input's dimensions in the copy; below 0: none
-  std::vector<std::ptrdiff_t> strides_; // of the input's dimensions in the block
+  std::vector<int> positions_;           // of the input's dimensions in the copy; below 0: none
+  std::vector<std::ptrdiff_t> strides_;  // of the input's dimensions in the block
   std::vector<double> buffer_;
 };
 

@@ -89,8 +89,10 @@ int Draft::addVar(PlanVar variable) {
 
 std::string Draft::freeName(const std::string& wanted) const {
   const auto taken = [&](const std::string& name) {
-    return std::ranges::any_of(plan.dims, [&](const PlanDim& d) { return !d.gone && d.name == name; }) ||
-           std::ranges::any_of(plan.vars, [&](const PlanVar& v) { return !v.gone && v.name == name; });
+    return std::ranges::any_of(plan.dims,
+                               [&](const PlanDim& d) { return !d.gone && d.name == name; }) ||
+           std::ranges::any_of(plan.vars,
+                               [&](const PlanVar& v) { return !v.gone && v.name == name; });
   };
   std::string name = wanted;
   for (int number = 2; taken(name); ++number) name = wanted + "_" + std::to_string(number);

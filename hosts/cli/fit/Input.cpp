@@ -28,8 +28,9 @@ std::vector<std::string> Input::texts(int variable) const {
   const Variable& described = header().vars[static_cast<std::size_t>(variable)];
   const std::vector<double> codes = whole(variable);
   const std::size_t width =
-      described.dims.empty() ? 1
-                             : header().dims[static_cast<std::size_t>(described.dims.back())].length;
+      described.dims.empty()
+          ? 1
+          : header().dims[static_cast<std::size_t>(described.dims.back())].length;
   std::vector<std::string> rows;
   for (std::size_t first = 0; width > 0 && first + width <= codes.size(); first += width) {
     std::string row;

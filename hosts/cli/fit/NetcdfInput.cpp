@@ -89,7 +89,8 @@ void NetcdfInput::readHeader() {
     char name[NC_MAX_NAME + 1] = {};
     std::size_t length = 0;
     check(nc_inq_dim(id_, dim, name, &length));
-    header_.dims.push_back({name, length, std::ranges::find(unlimitedIds, dim) != unlimitedIds.end()});
+    header_.dims.push_back(
+        {name, length, std::ranges::find(unlimitedIds, dim) != unlimitedIds.end()});
   }
   header_.globals = attributes(NC_GLOBAL);
   for (int variable = 0; variable < vars; ++variable) addVariable(variable);

@@ -29,13 +29,13 @@ struct PlanVar {
   Attributes attributes;
   std::optional<std::vector<double>> values;  // made here and not read
   std::vector<double> missing;                // numbers that stand for no value in the input
-  std::optional<double> fill;   // what all of them, and NaN, become; nothing: they stay
-  double wrap = 0;              // what is added to numbers below 0, which are without sign
-  bool unpacked = false;        // scale and offset are worked into the values
+  std::optional<double> fill;  // what all of them, and NaN, become; nothing: they stay
+  double wrap = 0;             // what is added to numbers below 0, which are without sign
+  bool unpacked = false;       // scale and offset are worked into the values
   double scale = 1, offset = 0;
-  int grid = -1;                // put on the new grid by this entry of Plan::regriddings
-  bool drawn = false;           // the control is expected to draw it
-  bool gone = false;            // not in the copy
+  int grid = -1;       // put on the new grid by this entry of Plan::regriddings
+  bool drawn = false;  // the control is expected to draw it
+  bool gone = false;   // not in the copy
 
   bool isNumeric() const { return type != NC_CHAR; }
   // Puts a dimension in front of all others.
@@ -44,8 +44,8 @@ struct PlanVar {
 
 // From the horizontal dimensions of the input (one or two) onto the plan's last two.
 struct Regridding {
-  std::vector<int> dims;            // numbers in the input
-  std::vector<double> lons, lats;   // of all points, degrees; NaN where there is none
+  std::vector<int> dims;           // numbers in the input
+  std::vector<double> lons, lats;  // of all points, degrees; NaN where there is none
 };
 
 struct Plan {

@@ -46,14 +46,14 @@ SphereTree::SphereTree(const std::vector<double>& lons, const std::vector<double
   for (std::size_t at = 0; at < lons.size(); ++at) {
     if (!std::isfinite(lons[at]) || !std::isfinite(lats[at])) continue;
     const Vector3 place = onSphere(lons[at], lats[at]);
-    tree_->cloud.points.push_back({static_cast<float>(place[0]), static_cast<float>(place[1]),
-                                   static_cast<float>(place[2])});
+    tree_->cloud.points.push_back(
+        {static_cast<float>(place[0]), static_cast<float>(place[1]), static_cast<float>(place[2])});
     tree_->cloud.places.push_back(at);
   }
   constexpr std::size_t kLeaf = 16;
   if (tree_->cloud.points.empty()) return;
-  tree_->index = std::make_unique<Index>(3, tree_->cloud,
-                                         nanoflann::KDTreeSingleIndexAdaptorParams(kLeaf));
+  tree_->index =
+      std::make_unique<Index>(3, tree_->cloud, nanoflann::KDTreeSingleIndexAdaptorParams(kLeaf));
 }
 
 SphereTree::~SphereTree() = default;
@@ -68,8 +68,8 @@ std::vector<SphereTree::Found> SphereTree::nearest(const Vector3& from, std::siz
   const std::size_t count =
       tree_->index->knnSearch(place.data(), wanted, numbers.data(), squares.data());
   for (std::size_t at = 0; at < count; ++at) {
-    found.push_back({tree_->cloud.places[numbers[at]],
-                     std::sqrt(static_cast<double>(squares[at]))});
+    found.push_back(
+        {tree_->cloud.places[numbers[at]], std::sqrt(static_cast<double>(squares[at]))});
   }
   return found;
 }

@@ -146,11 +146,10 @@ const Regridder& Writer::regridder(int grid) {
   if (!regridders_[at]) {
     const Regridding& old = plan_.regriddings[at];
     const std::size_t columns =
-        old.dims.size() == 2
-            ? input_.header().dims[static_cast<std::size_t>(old.dims[1])].length
-            : 0;
-    regridders_[at] = std::make_unique<Regridder>(old, columns, plan_.gridLons, plan_.gridLats,
-                                                  method_);
+        old.dims.size() == 2 ? input_.header().dims[static_cast<std::size_t>(old.dims[1])].length
+                             : 0;
+    regridders_[at] =
+        std::make_unique<Regridder>(old, columns, plan_.gridLons, plan_.gridLats, method_);
   }
   return *regridders_[at];
 }
@@ -218,9 +217,8 @@ bool Writer::writeVariable(std::size_t number) {
       readBlock(variable, block.start(), count, values);
       fill(variable, values);
     }
-    if (checked && std::ranges::any_of(values, [&](double value) {
-          return misread(variable, value, missing);
-        })) {
+    if (checked && std::ranges::any_of(
+                       values, [&](double value) { return misread(variable, value, missing); })) {
       return false;
     }
     put(number, block.start(), count, values);

@@ -18,7 +18,6 @@ namespace cli::fit {
 // the old and of the new one, is all that is in memory at a time.
 class Writer {
  public:
-
   Writer(const Input& input, const Plan& plan, Method method, std::set<int> refilled);
   ~Writer();
   Writer(const Writer&) = delete;

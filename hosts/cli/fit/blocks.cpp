@@ -15,8 +15,9 @@ Blocks::Blocks(std::vector<std::size_t> lengths, const std::vector<bool>& divide
     }
     const bool whole = rows && at + 2 >= all_.size();
     most_[at] = whole ? all_[at] : std::clamp<std::size_t>(all_[at], 1, room);
-    room = most_[at] == all_[at] ? std::max<std::size_t>(room / std::max<std::size_t>(all_[at], 1), 1)
-                                 : 1;
+    room = most_[at] == all_[at]
+               ? std::max<std::size_t>(room / std::max<std::size_t>(all_[at], 1), 1)
+               : 1;
   }
 }
 

@@ -32,7 +32,8 @@ std::vector<int> numbersOf(const Draft& draft, const std::vector<std::string>& n
 
 std::vector<int> allNumbers(const Draft& draft) {
   std::vector<int> numbers;
-  for (std::size_t at = 0; at < draft.placings.size(); ++at) numbers.push_back(static_cast<int>(at));
+  for (std::size_t at = 0; at < draft.placings.size(); ++at)
+    numbers.push_back(static_cast<int>(at));
   return numbers;
 }
 
@@ -52,9 +53,10 @@ std::string leftOut(const Draft& draft) {
     return isPlain(draft, number) && draft.placing(number).kind != GridKind::None;
   });
   if (placed != candidates.end()) {
-    throw Failure("There is no section to draw: no variable has a vertical dimension beside its "
-                  "longitude and latitude. The first one is " + draft.described(*placed) + "." +
-                  leftOut(draft));
+    throw Failure(
+        "There is no section to draw: no variable has a vertical dimension beside its "
+        "longitude and latitude. The first one is " +
+        draft.described(*placed) + "." + leftOut(draft));
   }
   const auto largest = std::ranges::max_element(candidates, {}, [&](int number) {
     return isPlain(draft, number) ? draft.inVar(number).dims.size() : 0;

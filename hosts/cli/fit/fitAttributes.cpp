@@ -32,9 +32,8 @@ bool isMisread(const Attributes& attributes, const std::string& name) {
     if (name == meant.name || !hasPrefix(name, meant.start)) return false;
     const bool alone = find(attributes, meant.name) == nullptr;
     const std::string word = ocxStrings::upper(name);
-    const bool same = std::ranges::any_of(meant.others, [&](const char* other) {
-      return word == other;
-    });
+    const bool same =
+        std::ranges::any_of(meant.others, [&](const char* other) { return word == other; });
     return !(alone && same);
   });
 }
@@ -52,10 +51,10 @@ void renameMisread(Draft& draft, PlanVar& variable) {
 
 // The attributes that must not go, in front of all others.
 int rankOf(const std::string& name) {
-  constexpr std::array kRanks = {"units",       "_FillValue",    "missing_value", "scale_factor",
-                                 "add_offset",  "long_name",     "standard_name", "axis",
-                                 "positive",    "calendar",      "bounds",        "valid_range",
-                                 "valid_min",   "valid_max",     "coordinates",   "cell_methods"};
+  constexpr std::array kRanks = {"units",      "_FillValue", "missing_value", "scale_factor",
+                                 "add_offset", "long_name",  "standard_name", "axis",
+                                 "positive",   "calendar",   "bounds",        "valid_range",
+                                 "valid_min",  "valid_max",  "coordinates",   "cell_methods"};
   const auto found = std::ranges::find(kRanks, name);
   return static_cast<int>(found - kRanks.begin());
 }

@@ -20,8 +20,7 @@ HorizontalAxis read(const Draft& draft, const Axis& axis) {
   const std::string spacing = suitableSpacing(pointsOf(draft, placing, placing.lon.var),
                                               pointsOf(draft, placing, placing.lat.var));
   throw Failure("The grid is " +
-                std::string(placing.kind == GridKind::Cells ? "a list of cells"
-                                                            : "curvilinear") +
+                std::string(placing.kind == GridKind::Cells ? "a list of cells" : "curvilinear") +
                 ": " + draft.described(placing.lon.var) + " and " +
                 draft.described(placing.lat.var) +
                 " are no axes. Put it on a regular grid, for example with --grid " + spacing + ".");

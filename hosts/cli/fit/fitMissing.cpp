@@ -81,8 +81,9 @@ void fit(Draft& draft, PlanVar& variable) {
                         find(variable.attributes, "add_offset") != nullptr;
     unpack(variable);
     setMissing(variable, kNewFill);
-    draft.change(variable.name, std::string(packed ? "unpacked" : "stored as fractions") +
-                                    ", missing values are " + util::generalText(NC_FILL_FLOAT),
+    draft.change(variable.name,
+                 std::string(packed ? "unpacked" : "stored as fractions") +
+                     ", missing values are " + util::generalText(NC_FILL_FLOAT),
                  blended   ? "interpolated values are no whole numbers"
                  : bare    ? "it had none for points outside of its grid"
                  : several ? "several numbers stood for missing values"
@@ -102,14 +103,15 @@ void fit(Draft& draft, PlanVar& variable) {
   if (known.numbers.empty()) variable.missing.push_back(kNewFill);
   setMissing(variable, fill);
   const std::string before = listed(known);
-  draft.change(variable.name, "missing values are " + util::generalText(static_cast<float>(fill)) +
-                                  (before.empty() ? "" : " instead of " + before),
-               known.nan   ? "the control takes a NaN there for no missing value"
-               : several   ? "the control knows one number for them"
-               : zero      ? "the control takes a 0 there for no missing value"
-               : bare      ? "points outside of its grid have none"
+  draft.change(variable.name,
+               "missing values are " + util::generalText(static_cast<float>(fill)) +
+                   (before.empty() ? "" : " instead of " + before),
+               known.nan        ? "the control takes a NaN there for no missing value"
+               : several        ? "the control knows one number for them"
+               : zero           ? "the control takes a 0 there for no missing value"
+               : bare           ? "points outside of its grid have none"
                : before.empty() ? "it has values that are no numbers, or were never written"
-                           : "the control would take good values for missing");
+                                : "the control would take good values for missing");
 }
 
 }  // namespace

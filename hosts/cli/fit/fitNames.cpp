@@ -9,7 +9,8 @@ namespace {
 constexpr auto kMost = static_cast<std::size_t>(ocxNetNc::kNameLimit);
 
 // The start of a name, without cutting a character in two; a number tells it from others.
-std::string shortened(const std::string& name, const std::function<bool(const std::string&)>& taken) {
+std::string shortened(const std::string& name,
+                      const std::function<bool(const std::string&)>& taken) {
   for (int number = 1;; ++number) {
     const std::string tail = number == 1 ? "" : "_" + std::to_string(number);
     std::size_t length = kMost - tail.size();
@@ -27,9 +28,8 @@ void fitAttributeNames(Draft& draft, Attributes& attributes) {
   for (Attribute& attribute : attributes) {
     if (attribute.name.size() <= kMost) continue;
     const std::string before = attribute.name;
-    attribute.name = shortened(before, [&](const std::string& name) {
-      return find(attributes, name) != nullptr;
-    });
+    attribute.name = shortened(
+        before, [&](const std::string& name) { return find(attributes, name) != nullptr; });
     tell(draft, before, attribute.name);
   }
 }

@@ -77,7 +77,8 @@ int makeFromDimension(Draft& draft, int dim) {
     }
   }
   std::vector<double> numbers;
-  for (const std::size_t index : draft.dim(dim).index) numbers.push_back(static_cast<double>(index));
+  for (const std::size_t index : draft.dim(dim).index)
+    numbers.push_back(static_cast<double>(index));
   const int made = makeVariable(draft, dim, std::move(numbers), "days since 2000-01-01");
   draft.change(draft.var(made).name, "made, with the numbers of the steps as days",
                "the time dimension had no variable");
@@ -110,12 +111,13 @@ void fitTime(Draft& draft) {
   PlanVar& variable = draft.var(axis.var);
   variable.gone = false;
   if (!variable.values) {
-    variable.values = axis.var < static_cast<int>(draft.placings.size()) &&
-                              !draft.inVar(axis.var).dims.empty()
-                          ? draft.axisValues(axis)
-                          : draft.in.whole(axis.var);
+    variable.values =
+        axis.var < static_cast<int>(draft.placings.size()) && !draft.inVar(axis.var).dims.empty()
+            ? draft.axisValues(axis)
+            : draft.in.whole(axis.var);
   }
-  if (variable.values->empty()) throw Failure("There are no time steps: " + variable.name + " has none.");
+  if (variable.values->empty())
+    throw Failure("There are no time steps: " + variable.name + " has none.");
   const std::vector<double> before = *variable.values;
   fitUnits(draft, variable, *variable.values);
   for (const char* each : {"scale_factor", "add_offset", "_FillValue", "missing_value"}) {

@@ -9,7 +9,7 @@ namespace cli::fit {
 namespace {
 
 std::string nameOf(nc_type type) {
-  constexpr std::array kNames = {"no type", "byte",  "text", "short", "int",   "float", "double",
+  constexpr std::array kNames = {"no type", "byte",   "text", "short", "int",    "float", "double",
                                  "ubyte",   "ushort", "uint", "int64", "uint64", "string"};
   return kNames.at(static_cast<std::size_t>(type));
 }

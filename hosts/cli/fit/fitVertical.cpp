@@ -13,8 +13,9 @@ namespace {
 using ocxStrings::hasPrefix;
 
 bool passes(const std::string& name) {
-  return std::ranges::any_of(std::initializer_list<const char*>{"LEVEL", "SIGMA", "Z", "LAYER", "DEPTH"},
-                             [&](const char* each) { return hasPrefix(name, each); });
+  return std::ranges::any_of(
+      std::initializer_list<const char*>{"LEVEL", "SIGMA", "Z", "LAYER", "DEPTH"},
+      [&](const char* each) { return hasPrefix(name, each); });
 }
 
 std::string text(double number) { return util::generalText(number); }

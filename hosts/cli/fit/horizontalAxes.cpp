@@ -62,15 +62,15 @@ void requireTwo(const HorizontalAxis& axis, const std::string& name, const std::
 
 // How far cells are from where the mean spacing has them.
 void noteUneven(Draft& draft, const std::string& name, const std::vector<double>& values) {
-  const double mean =
-      (values.back() - values.front()) / static_cast<double>(values.size() - 1);
+  const double mean = (values.back() - values.front()) / static_cast<double>(values.size() - 1);
   double off = 0;
   for (std::size_t at = 0; at < values.size(); ++at) {
     const double even = values.front() + mean * static_cast<double>(at);
     off = std::max(off, std::fabs(values[at] - even) / mean);
   }
   if (off < 0.5) return;
-  draft.note(name + " is unevenly spaced, and the control takes it as even: a path finds cells up to " +
+  draft.note(name +
+             " is unevenly spaced, and the control takes it as even: a path finds cells up to " +
              text(std::round(off * 10) / 10) + " away. --grid makes the spacing even.");
 }
 
@@ -165,8 +165,10 @@ void fitLongitudes(Draft& draft, HorizontalAxis lon) {
     if (lon.values.size() < 2) {
       throw Failure("The box has fewer than two of the longitudes, which are " + all + ".");
     }
-    draft.change(name, std::to_string(lon.values.size()) + " of " + std::to_string(count) +
-                           " longitudes, " + range(lon.values), "the box");
+    draft.change(name,
+                 std::to_string(lon.values.size()) + " of " + std::to_string(count) +
+                     " longitudes, " + range(lon.values),
+                 "the box");
   }
   nameAxis(draft, lon.axis, "LON", "lon");
   fitUnits(draft, lon.axis, "LON", "east");
@@ -198,7 +200,8 @@ void fitLatitudes(Draft& draft, HorizontalAxis lat) {
     const std::string all = range(lat.values);
     std::vector<std::size_t> places;
     for (std::size_t at = 0; at < lat.values.size(); ++at) {
-      const bool inside = lat.values[at] >= box->south - 1e-5 && lat.values[at] <= box->north + 1e-5;
+      const bool inside =
+          lat.values[at] >= box->south - 1e-5 && lat.values[at] <= box->north + 1e-5;
       if (inside) places.push_back(at);
     }
     const std::size_t count = lat.values.size();
@@ -206,8 +209,10 @@ void fitLatitudes(Draft& draft, HorizontalAxis lat) {
     if (lat.values.size() < 2) {
       throw Failure("The box has fewer than two of the latitudes, which are " + all + ".");
     }
-    draft.change(name, std::to_string(lat.values.size()) + " of " + std::to_string(count) +
-                           " latitudes, " + range(lat.values), "the box");
+    draft.change(name,
+                 std::to_string(lat.values.size()) + " of " + std::to_string(count) +
+                     " latitudes, " + range(lat.values),
+                 "the box");
   }
   nameAxis(draft, lat.axis, "LAT", "lat");
   fitUnits(draft, lat.axis, "LAT", "north");

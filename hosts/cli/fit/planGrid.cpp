@@ -43,7 +43,8 @@ std::vector<double> nodes(double first, double last, double step, bool multiples
   double count = std::floor((last - first) / step + kHair) + 1;
   // The last one would be the first again.
   if (around && first + (count - 1) * step > first + 360.0 - step / 2) --count;
-  if (!(count >= 2)) throw Failure("The grid has fewer than two rows or columns; take smaller steps.");
+  if (!(count >= 2))
+    throw Failure("The grid has fewer than two rows or columns; take smaller steps.");
   if (count > kMostPoints) throw Failure("The grid has too many points; take larger steps.");
   std::vector<double> values;
   for (double at = 0; at < count; ++at) {
@@ -91,9 +92,8 @@ std::string sizeText(const std::vector<double>& values) {
 }
 
 bool lies(const PlanVar& variable, const std::vector<int>& dims) {
-  return std::ranges::any_of(dims, [&](int dim) {
-    return std::ranges::find(variable.dims, dim) != variable.dims.end();
-  });
+  return std::ranges::any_of(
+      dims, [&](int dim) { return std::ranges::find(variable.dims, dim) != variable.dims.end(); });
 }
 
 std::string boundsOf(const Draft& draft, int number) {
@@ -120,9 +120,8 @@ void assign(Draft& draft) {
              variable.name == boundsOf(draft, each.lon.var) ||
              variable.name == boundsOf(draft, each.lat.var);
     });
-    const bool onOld = std::ranges::any_of(known, [&](const Placing& each) {
-      return lies(variable, each.places);
-    });
+    const bool onOld = std::ranges::any_of(
+        known, [&](const Placing& each) { return lies(variable, each.places); });
     if (!position && (!onOld || variable.grid >= 0)) continue;
     names += (names.empty() ? "" : ", ") + variable.name;
     draft.leaveOut(number);
@@ -167,8 +166,9 @@ void planGrid(Draft& draft) {
     for (const char* each : {"coordinates", "grid_mapping", "cell_measures"}) {
       remove(variable.attributes, each);
     }
-    draft.change(variable.name, "put on a grid of latitudes " + sizeText(plan.gridLats) +
-                                    " and longitudes " + sizeText(plan.gridLons) + ", " + method,
+    draft.change(variable.name,
+                 "put on a grid of latitudes " + sizeText(plan.gridLats) + " and longitudes " +
+                     sizeText(plan.gridLons) + ", " + method,
                  "as asked for");
   }
 }

@@ -68,7 +68,9 @@ bool Quads::isPlace(std::size_t point) const {
 bool Quads::wrapsAround() const {
   if (columns_ < 3) return false;
   std::size_t near = 0, all = 0;
-  const auto place = [&](std::size_t point) { return onSphere(old_.lons[point], old_.lats[point]); };
+  const auto place = [&](std::size_t point) {
+    return onSphere(old_.lons[point], old_.lats[point]);
+  };
   for (std::size_t row = 0; row < rows_; ++row) {
     const std::size_t first = row * columns_, last = first + columns_ - 1;
     if (!isPlace(first) || !isPlace(first + 1) || !isPlace(last)) continue;
@@ -96,7 +98,8 @@ std::optional<Quads::Corners> Quads::around(double lon, double lat, std::size_t 
     for (std::ptrdiff_t j = row - reach; j < row + reach; ++j) {
       for (std::ptrdiff_t i = column - reach; i < column + reach; ++i) {
         const std::array found = {at(j, i), at(j, i + 1), at(j + 1, i), at(j + 1, i + 1)};
-        if (!std::ranges::all_of(found, [](const auto& each) { return each.has_value(); })) continue;
+        if (!std::ranges::all_of(found, [](const auto& each) { return each.has_value(); }))
+          continue;
         Corners corners{};
         std::array<Flat, 4> picture;
         for (std::size_t k = 0; k < 4; ++k) {
@@ -119,8 +122,8 @@ double Quads::spacing(std::size_t point) const {
   const auto column = static_cast<std::ptrdiff_t>(point % columns_);
   const Vector3 place = onSphere(old_.lons[point], old_.lats[point]);
   double widest = 0;
-  for (const auto& next : {at(row - 1, column), at(row + 1, column), at(row, column - 1),
-                           at(row, column + 1)}) {
+  for (const auto& next :
+       {at(row - 1, column), at(row + 1, column), at(row, column - 1), at(row, column + 1)}) {
     if (next) widest = std::max(widest, chord(place, onSphere(old_.lons[*next], old_.lats[*next])));
   }
   return widest;

@@ -48,8 +48,7 @@ bool namesPosition(const Variable& variable, std::string_view part, std::string_
   return name == part || name.starts_with(whole) || name == "NAV_" + std::string(part) ||
          name.starts_with(std::string(part) + "_") || name == "X" + std::string(whole) ||
          name == "C" + std::string(part) || name == "T" + std::string(part) ||
-         name == "G" + std::string(part) ||
-         (name.starts_with(part) && name.size() <= 5);
+         name == "G" + std::string(part) || (name.starts_with(part) && name.size() <= 5);
 }
 
 bool isCount(const std::string& units) {
@@ -68,8 +67,8 @@ bool isLongitude(const Variable& variable) {
                                 "DEGREES_E", "DEGREE_E", "DEGREEE", "DEGREESE", "DEG_E"})) {
     return true;
   }
-  return hasAngle(variable) && (standardName(variable) == "longitude" ||
-                                namesPosition(variable, "LON", "LONG"));
+  return hasAngle(variable) &&
+         (standardName(variable) == "longitude" || namesPosition(variable, "LON", "LONG"));
 }
 
 bool isLatitude(const Variable& variable) {
@@ -78,8 +77,8 @@ bool isLatitude(const Variable& variable) {
                                 "DEGREES_N", "DEGREE_N", "DEGREEN", "DEGREESN", "DEG_N"})) {
     return true;
   }
-  return hasAngle(variable) && (standardName(variable) == "latitude" ||
-                                namesPosition(variable, "LAT", "LATI"));
+  return hasAngle(variable) &&
+         (standardName(variable) == "latitude" || namesPosition(variable, "LAT", "LATI"));
 }
 
 bool isTime(const Variable& variable) {
@@ -95,8 +94,8 @@ bool isTime(const Variable& variable) {
 
 Vertical verticalOfName(const std::string& dimension) {
   const std::string name = upper(dimension);
-  if (startsWithOne(name, {"DEPTH", "DEEP"}) || isOne(name, {"Z_T", "Z_W", "ZT", "ZC", "Z", "ZLEV",
-                                                             "ST_OCEAN", "SW_OCEAN", "OLEVEL"})) {
+  if (startsWithOne(name, {"DEPTH", "DEEP"}) ||
+      isOne(name, {"Z_T", "Z_W", "ZT", "ZC", "Z", "ZLEV", "ST_OCEAN", "SW_OCEAN", "OLEVEL"})) {
     return Vertical::Depth;
   }
   if (startsWithOne(name, {"HEIGHT", "ALTITUDE", "ALT"})) return Vertical::Height;
@@ -147,8 +146,8 @@ Vertical verticalOf(const Variable& variable) {
 
 bool soundsLikeTime(const std::string& dimension) {
   const std::string name = upper(dimension);
-  return name.starts_with("TIME") || isOne(name, {"T", "VALID_TIME", "MONTH", "STEP", "OCEAN_TIME",
-                                                  "RECORD", "DATE"});
+  return name.starts_with("TIME") ||
+         isOne(name, {"T", "VALID_TIME", "MONTH", "STEP", "OCEAN_TIME", "RECORD", "DATE"});
 }
 
 }  // namespace cli::fit

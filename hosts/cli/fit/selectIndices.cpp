@@ -25,8 +25,8 @@ void pickAsked(Draft& draft, const Selected& selected) {
   if (dim < 0) {
     std::vector<std::string> names;
     for (const Dimension& each : draft.in.header().dims) names.push_back(each.name);
-    throw Failure("There is no dimension " + selected.dimension + " to select from.\nDimensions: " +
-                  nameList(names));
+    throw Failure("There is no dimension " + selected.dimension +
+                  " to select from.\nDimensions: " + nameList(names));
   }
   if (isAxis(draft, draft.main, dim)) {
     throw Failure(selected.dimension +

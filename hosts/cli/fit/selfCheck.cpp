@@ -13,7 +13,8 @@ namespace {
 using ocxNetNc::ncf;
 
 [[noreturn]] void fail(const std::string& what) {
-  throw Failure("The copy was made, but the control does not take it, and it was not kept: " + what);
+  throw Failure("The copy was made, but the control does not take it, and it was not kept: " +
+                what);
 }
 
 // A path of two cells in both directions in the middle of the grid.

@@ -75,8 +75,9 @@ std::vector<double> pointsOf(const Draft& draft, const Placing& placing, int var
     if (points > 0) draft.in.read(variable, start, count, values.data());
   }
   const Attributes& attributes = draft.inVar(variable).attributes;
-  const double scale = numberOf(attributes, "scale_factor", 1) *
-                       (isRadians(textOf(attributes, "units")) ? 180.0 / 3.14159265358979323846 : 1.0);
+  const double scale =
+      numberOf(attributes, "scale_factor", 1) *
+      (isRadians(textOf(attributes, "units")) ? 180.0 / 3.14159265358979323846 : 1.0);
   const double offset = numberOf(attributes, "add_offset", 0);
   const double fill = numberOf(attributes, "_FillValue", std::numeric_limits<double>::quiet_NaN());
   for (double& value : values) {
@@ -110,7 +111,8 @@ bool makeAxes(Draft& draft, HorizontalAxis& lon, HorizontalAxis& lat) {
   lat.axis.var = draft.addVar(axisVariable(draft, placing.lat.var, draft.freeName("lat")));
   for (const HorizontalAxis* made : {&lon, &lat}) {
     draft.var(made->axis.var).dims = {made->axis.dim};
-    draft.change(draft.var(made->axis.var).name, "axis made of " + (made == &lon ? lonName : latName),
+    draft.change(draft.var(made->axis.var).name,
+                 "axis made of " + (made == &lon ? lonName : latName),
                  "its two dimensions are those of a regular grid");
   }
   return true;

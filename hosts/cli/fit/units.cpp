@@ -24,7 +24,8 @@ ut_system* unitSystem() {
     ut_set_error_message_handler(ut_ignore);
     return std::unique_ptr<ut_system, Freed>(ut_read_xml(nullptr));
   }();
-  if (!system) throw Failure("The database of units is missing: install the package libudunits2-data.");
+  if (!system)
+    throw Failure("The database of units is missing: install the package libudunits2-data.");
   return system.get();
 }
 
