@@ -44,7 +44,7 @@ TEST_P(FailedRead, IsToldAndPaintsNoValues) {
   expectNextOneWorks();
 }
 
-const auto kTitle = [](const auto& tested) { return std::string(tested.param.title); };
+const auto kName = [](const auto& tested) { return std::string(tested.param.title); };
 
 INSTANTIATE_TEST_SUITE_P(
     NoData, FailedRead,
@@ -53,7 +53,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Told{"Stuck", "stuck.dods.2", NC_EIO, {"no answer", "second"}},
                     Told{"StuckHalfway", "stuckhalf.dods.2", NC_EIO, {"127.0.0.1"}},
                     Told{"Slower", "slow-4000.dods.2", NC_EIO, {"127.0.0.1"}}),
-    kTitle);
+    kName);
 
 INSTANTIATE_TEST_SUITE_P(
     CutShort, FailedRead,
@@ -68,7 +68,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Told{"HalfOfTheChunks", "halfchunked.dods.2", NC_EDAP, {}},
                     Told{"TooShortALength", "short-7.dods.2", NC_EDAP, {"ended too early"}},
                     Told{"TooLongALength", "long-7.dods.2", NC_EDAP, {}}),
-    kTitle);
+    kName);
 
 INSTANTIATE_TEST_SUITE_P(
     Answered, FailedRead,
@@ -82,7 +82,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Told{"Unavailable", "503.dods.2", NC_EDAPSVC, {"503"}},
                     Told{"ErrorAsAnswer", "error.dods.2", NC_EDAPSVC, {"The disk is off line"}},
                     Told{"Loop", "loop.dods.2", NC_EIO, {"redirect"}}),
-    kTitle);
+    kName);
 
 class Recovering : public FaultTest {};
 

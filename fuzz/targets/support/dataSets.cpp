@@ -15,7 +15,7 @@ namespace {
 using support::NcMaker;
 
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
+constexpr double kEndless = std::numeric_limits<double>::infinity();
 
 // What varies from one regular grid to the next. Longitudes and latitudes are 0, 1, 2 ..., so that
 // most small numbers are places in it.
@@ -125,7 +125,7 @@ void makeAll() {
   add({.type = NC_DOUBLE, .timeUnits = "months since 1990-1-1", .strange = 1E35});
   add({.mode = NC_64BIT_DATA, .timeUnits = "fortnights", .depthStep = -5, .strange = -1E35});
   add({.type = NC_DOUBLE, .timeUnits = "seconds since 30-DEC-9999", .strange = 1E300});
-  add({.type = NC_DOUBLE, .times = 1, .levels = 1, .strange = kInfinity});
+  add({.type = NC_DOUBLE, .times = 1, .levels = 1, .strange = kEndless});
   add({.type = NC_SHORT, .times = 0, .scale = 1E37, .offset = -3E38});
   add({.type = NC_INT, .depthStep = kNaN, .strange = 2147483647, .scale = kNaN});
   add({.longitudes = 2, .latitudes = 1, .depthStep = 1E38});

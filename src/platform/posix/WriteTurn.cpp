@@ -12,7 +12,7 @@
 namespace platform {
 namespace {
 
-constexpr std::intptr_t kNone = -1;
+constexpr std::intptr_t kNoTurn = -1;
 
 // The folder in which the file is, or will be, behind all links.
 std::filesystem::path folderOf(const std::string& path) {
@@ -25,7 +25,7 @@ std::filesystem::path folderOf(const std::string& path) {
 // The folder is locked and not the file, which is replaced by another one; and there may be none
 // yet.
 WriteTurn::WriteTurn(const std::string& path, std::chrono::milliseconds patience)
-    : handle_(kNone) {
+    : handle_(kNoTurn) {
   using std::chrono::steady_clock;
   const std::filesystem::path folder = folderOf(path);
   if (folder.empty()) return;
@@ -47,7 +47,7 @@ WriteTurn::WriteTurn(const std::string& path, std::chrono::milliseconds patience
 }
 
 WriteTurn::~WriteTurn() {
-  if (handle_ != kNone) ::close(static_cast<int>(handle_));
+  if (handle_ != kNoTurn) ::close(static_cast<int>(handle_));
 }
 
 }  // namespace platform

@@ -14,7 +14,7 @@
 namespace {
 
 // The system's time of day, in seconds from 1970, when a test sets it; each look at it moves it.
-bool set = false;
+bool isSet = false;
 std::int64_t today = 0;
 std::int64_t jump = 0;
 
@@ -24,7 +24,7 @@ std::int64_t jump = 0;
 extern "C" int clock_gettime(clockid_t clock, timespec* time) noexcept {
   static const auto real =
       reinterpret_cast<int (*)(clockid_t, timespec*)>(dlsym(RTLD_NEXT, "clock_gettime"));
-  if (!set || clock != CLOCK_REALTIME) return real(clock, time);
+  if (!isSet || clock != CLOCK_REALTIME) return real(clock, time);
   today += jump;
   *time = {};
   time->tv_sec = today;
@@ -37,11 +37,11 @@ using std::chrono::system_clock;
 
 class Clock : public ControlTest {
  protected:
-  ~Clock() override { set = false; }
+  ~Clock() override { isSet = false; }
   static void setClock(std::int64_t seconds, std::int64_t jumps) {
     today = seconds;
     jump = jumps;
-    set = true;
+    isSet = true;
   }
 };
 

@@ -119,7 +119,7 @@ TEST_F(Names, AlmostAsLongAsTheSystemTakes) {
 
 TEST_F(Names, InAFolderThatVanishes) {
   const fs::path before = fs::current_path();
-  const std::string set = tinySet();
+  const std::string file = tinySet();
   fs::create_directory(folder.file("gone"));
   fs::current_path(folder.file("gone"));
   fs::remove(folder.file("gone"));
@@ -130,7 +130,7 @@ TEST_F(Names, InAFolderThatVanishes) {
     control.InitColorKey();
     control.Draw();
   }
-  EXPECT_EQ(control.NcFile(set), 1) << control.ErrorMessage();
+  EXPECT_EQ(control.NcFile(file), 1) << control.ErrorMessage();
   EXPECT_EQ(sectionThrough({{350, 0}, {358, 0}}), 1);
   control.InitColorKey();
   EXPECT_EQ(control.KewFile(folder.file("tiny.KEW")), 1) << control.ErrorMessage();

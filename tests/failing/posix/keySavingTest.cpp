@@ -21,7 +21,7 @@ namespace {
 
 using support::TempFolder;
 
-constexpr int kTimes = 200;
+constexpr int kSaves = 200;
 
 // Names of the variables in a file, each behind the number of its divisions.
 std::vector<std::string> keysIn(const std::string& file) {
@@ -55,7 +55,7 @@ TEST(SavingKeysAtOnce, LosesNoneAndTheFileIsWholeAtEveryMoment) {
     ++running;
     savers.emplace_back([&, i] {
       results[i] = cli_test::run(
-          {KEY_SAVER_PROGRAM, folder.path().string(), variables[i], std::to_string(kTimes)});
+          {KEY_SAVER_PROGRAM, folder.path().string(), variables[i], std::to_string(kSaves)});
       --running;
     });
   }

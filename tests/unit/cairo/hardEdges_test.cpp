@@ -17,7 +17,7 @@ using platform::Edges;
 using platform::Lettering;
 using platform::rgb;
 
-constexpr Colour kWhite = rgb(255, 255, 255);
+constexpr Colour kPaper = rgb(255, 255, 255);
 constexpr Colour kInk = rgb(120, 30, 200);
 
 using Pixels = std::set<std::pair<int32_t, int32_t>>;
@@ -37,7 +37,7 @@ class HardEdgesTest : public testing::Test {
     Pixels found;
     for (int32_t y = 0; y < 150; ++y) {
       for (int32_t x = 0; x < 200; ++x) {
-        if (box.pixel(x, y) != kWhite) found.insert({x, y});
+        if (box.pixel(x, y) != kPaper) found.insert({x, y});
       }
     }
     return found;
@@ -101,7 +101,7 @@ TEST_F(HardEdgesTest, LinesThatShareAnEndAreOneLine) {
     y = nextY;
   }
   EXPECT_TRUE(connected(inked()));
-  EXPECT_EQ(colours(), (std::set<Colour>{kInk, kWhite}));
+  EXPECT_EQ(colours(), (std::set<Colour>{kInk, kPaper}));
 }
 
 TEST_F(HardEdgesTest, LinesFromFarOutsideAreCut) {
@@ -116,7 +116,7 @@ TEST_F(HardEdgesTest, ThickLinesAndLettersHaveNoGrey) {
   box.DrawWidth = 5;
   box.Line(20, 20, 120, 70, kInk);
   EXPECT_GT(inked().size(), 400U);
-  EXPECT_EQ(colours(), (std::set<Colour>{kInk, kWhite}));
+  EXPECT_EQ(colours(), (std::set<Colour>{kInk, kPaper}));
   for (const float points : {8.0F, 12.0F, 20.0F}) {
     box.Cls();
     box.Font.Size = points;
@@ -124,7 +124,7 @@ TEST_F(HardEdgesTest, ThickLinesAndLettersHaveNoGrey) {
     box.CurrentX = box.CurrentY = 10;
     box.Print(" -12.5E+07");
     EXPECT_GT(inked().size(), 50U);
-    EXPECT_EQ(colours(), (std::set<Colour>{kInk, kWhite})) << points;
+    EXPECT_EQ(colours(), (std::set<Colour>{kInk, kPaper})) << points;
     for (const auto& [x, y] : inked()) {
       EXPECT_GE(x, 9);
       EXPECT_GE(y, 10);

@@ -3,20 +3,20 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 #include <random>
 
 #include "colorkey/cellColours.h"
 #include "colorkey/colorKey.h"
 #include "colorkey/rampColour.h"
 #include "support/sampleSets.h"
+#include "support/specialValues.h"
 
 namespace {
 
 using ModColor::ColourSteps;
 
-constexpr float kInfinity = std::numeric_limits<float>::infinity();
-constexpr float kNan = std::numeric_limits<float>::quiet_NaN();
+using support::kFloatInfinity;
+using support::kFloatNan;
 
 struct Range {
   float min, span;
@@ -55,7 +55,7 @@ TEST_F(RampSteps, AreWhereTheColourChangesToTheLastBit) {
     most = std::max(most, steps.size());
     for (const ColourSteps::Step& step : steps) {
       ASSERT_EQ(step.colour, plain(step.from)) << step.from;
-      const float before = std::nextafter(step.from, -kInfinity);
+      const float before = std::nextafter(step.from, -kFloatInfinity);
       ASSERT_NE(step.colour, plain(before)) << step.from;
     }
   });
@@ -66,8 +66,8 @@ TEST_F(RampSteps, GiveEveryValueItsColour) {
   std::mt19937 random{5};
   forEveryRamp([&](Range range) {
     const ModColor::CellColours many(1000000), few(1);
-    std::vector<float> values = {0.0F, -0.0F, 1e35F, kInfinity, kNan, range.min,
-                                 range.min + range.span};
+    std::vector<float> values = {
+        0.0F, -0.0F, 1e35F, kFloatInfinity, kFloatNan, range.min, range.min + range.span};
     for (int n = 0; n < 2000; ++n) {
       const auto place = static_cast<float>(random() % 4000) / 2000.0F - 0.5F;
       values.push_back(range.min + range.span * place);
@@ -83,7 +83,7 @@ TEST_F(RampSteps, GiveEveryValueItsColour) {
 }
 
 TEST_F(RampSteps, AreAskedForRangesThatAreNumbersOnly) {
-  for (const float span : {0.0F, -1.0F, kInfinity, kNan}) {
+  for (const float span : {0.0F, -1.0F, kFloatInfinity, kFloatNan}) {
     ModColor::ValueSpan = span;
     EXPECT_FALSE(ModColor::hasRampSteps()) << span;
     EXPECT_EQ(ModColor::CellColours(1000000)(3.0F), plain(3.0F)) << span;

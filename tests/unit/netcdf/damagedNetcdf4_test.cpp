@@ -71,6 +71,26 @@ TEST_F(DamagedNetcdf4Test, MayHaveLinksThatCannotBeRead) {
   open(file());
 }
 
+// The room for strings that could not be read was released as if it held them.
+TEST_F(DamagedNetcdf4Test, MayHaveStringsThatCannotBeRead) {
+  {
+    NcMaker nc(file(), NC_NETCDF4);
+    const int x = nc.dim("x", 3);
+    nc.var("x", NC_INT, {x});
+    const char* texts[] = {"one", "two", "three"};
+    ASSERT_EQ(nc_put_att_string(nc.id(), NC_GLOBAL, "remarks", 3, texts), NC_NOERR);
+    nc.close();
+  }
+  const std::string whole = bytes();
+  const std::size_t heap = whole.find("GCOL");
+  ASSERT_NE(heap, std::string::npos);
+  std::string damaged = whole;
+  damaged[heap] = 'g';
+  write(damaged);
+  for (int time = 0; time < 3; ++time) EXPECT_EQ(OpenCatalogue(file(), 0), -1);
+  EXPECT_FALSE(ocxNetNc::isOpen());
+}
+
 TEST_F(DamagedNetcdf4Test, MayEndAnywhere) {
   makeManyVariables();
   const std::string whole = bytes();
