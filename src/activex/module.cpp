@@ -5,18 +5,18 @@
 namespace activex {
 namespace {
 
-HINSTANCE library = nullptr;
+HINSTANCE thisModule = nullptr;
 std::atomic<long> references{0};
 
 }  // namespace
 
-HINSTANCE moduleHandle() { return library; }
+HINSTANCE moduleHandle() { return thisModule; }
 
 std::wstring modulePath() {
   std::wstring path(MAX_PATH, L'\0');
   while (path.size() <= 0x8000) {
     const DWORD length =
-        GetModuleFileNameW(library, path.data(), static_cast<DWORD>(path.size()));
+        GetModuleFileNameW(thisModule, path.data(), static_cast<DWORD>(path.size()));
     if (length == 0) return {};
     if (length < path.size()) {
       path.resize(length);
@@ -37,7 +37,7 @@ extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID);
 
 extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID) {
   if (reason == DLL_PROCESS_ATTACH) {
-    activex::library = instance;
+    activex::thisModule = instance;
     DisableThreadLibraryCalls(instance);
   }
   return TRUE;
