@@ -9,6 +9,7 @@
 #include "netcdf/remoteName.h"
 #include "netcdf/routine.h"
 #include "netcdf/status.h"
+#include "netcdf/typeBytes.h"
 #include "util/RuntimeError.h"
 #include "util/numberText.h"
 #include "util/ocxStrings.h"
@@ -17,23 +18,6 @@ namespace ocxNetNc {
 namespace {
 
 using NameBuffer = std::array<char, NC_MAX_NAME + 1>;
-
-int32_t elementSize(int32_t type) {
-  switch (type) {
-    case NC_BYTE:
-    case NC_CHAR:
-      return 1;
-    case NC_SHORT:
-      return 2;
-    case NC_INT:
-    case NC_FLOAT:
-      return 4;
-    case NC_DOUBLE:
-      return 8;
-    default:
-      return 0;
-  }
-}
 
 NcDim readDimension(int32_t id) {
   NameBuffer name{};
@@ -74,7 +58,7 @@ void readShape(NcVar& variable, int32_t id) {
   nc_type type = NC_NAT;
   checked(library.nc_inq_vartype(ncf.NcId, id, &type));
   variable.Type = type;
-  variable.ElemSize = elementSize(type);
+  variable.ElemSize = NetCDF::bytesOfType(type);
 
   std::array<int, NC_MAX_VAR_DIMS> dimIds{};
   checked(library.nc_inq_vardimid(ncf.NcId, id, dimIds.data()));

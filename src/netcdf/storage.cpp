@@ -4,25 +4,10 @@
 #include <span>
 
 #include "netcdf/NetCDF.h"
+#include "netcdf/typeBytes.h"
 
 namespace NetCDF {
 namespace {
-
-std::size_t bytesOf(nc_type type) {
-  switch (type) {
-    case NC_BYTE:
-      return 1;
-    case NC_SHORT:
-      return 2;
-    case NC_INT:
-    case NC_FLOAT:
-      return 4;
-    case NC_DOUBLE:
-      return 8;
-    default:
-      return 0;
-  }
-}
 
 bool findShape(int ncid, int varid, Storage& storage) {
   std::array<int, ocxNetNc::kDimensionLimit> dimIds{};
@@ -73,7 +58,7 @@ std::optional<Storage> storageOf(int ncid, int varid, std::size_t rank) {
   }
   nc_type type = NC_NAT;
   if (beneath.nc_inq_vartype(ncid, varid, &type) != NC_NOERR) return std::nullopt;
-  storage.valueBytes = bytesOf(type);
+  storage.valueBytes = type == NC_CHAR ? 0 : static_cast<std::size_t>(bytesOfType(type));
   if (storage.valueBytes == 0 || !findShape(ncid, varid, storage) ||
       !findLayout(ncid, varid, storage)) {
     return std::nullopt;

@@ -4,27 +4,14 @@
 
 #include "failures.h"
 #include "fit/rules.h"
+#include "netcdf/typeBytes.h"
 
 namespace cli::fit {
 namespace {
 
-std::size_t sizeOf(nc_type type) {
-  switch (type) {
-    case NC_SHORT:
-      return 2;
-    case NC_INT:
-    case NC_FLOAT:
-      return 4;
-    case NC_DOUBLE:
-      return 8;
-    default:
-      return 1;
-  }
-}
-
 // Bytes of a variable; of one step when its first dimension is that of the steps.
 double bytesOf(const Draft& draft, const PlanVar& variable, bool oneStep) {
-  auto bytes = static_cast<double>(sizeOf(variable.type));
+  auto bytes = static_cast<double>(NetCDF::bytesOfType(variable.type));
   for (const int dim : variable.dims) {
     if (!oneStep || dim != draft.time.dim) bytes *= static_cast<double>(draft.dim(dim).length());
   }
