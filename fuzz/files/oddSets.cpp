@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "rising.h"
 #include "support/Hdf5Maker.h"
 
 namespace fuzz {
@@ -18,14 +19,6 @@ constexpr std::size_t kCells = kTimes * kLevels * kRows * kColumns;
 
 void must(herr_t status) {
   if (status < 0) throw std::runtime_error("HDF5 refuses to make the seeds");
-}
-
-std::vector<double> rising(std::size_t count, double first, double step) {
-  std::vector<double> values;
-  for (std::size_t i = 0; i < count; ++i) {
-    values.push_back(first + step * static_cast<double>(i));
-  }
-  return values;
 }
 
 // A file with the axes of a model.

@@ -10,6 +10,7 @@
 #include "checksums.h"
 #include "oddSets.h"
 #include "platform/files.h"
+#include "rising.h"
 #include "support/NcMaker.h"
 
 namespace fuzz {
@@ -19,14 +20,6 @@ using support::NcMaker;
 
 void must(int status) {
   if (status != NC_NOERR) throw std::runtime_error(nc_strerror(status));
-}
-
-std::vector<double> rising(std::size_t count, double first, double step) {
-  std::vector<double> values;
-  for (std::size_t i = 0; i < count; ++i) {
-    values.push_back(first + step * static_cast<double>(i));
-  }
-  return values;
 }
 
 // Axes and one variable on them, as a model writes them: the shape that all the sets share.

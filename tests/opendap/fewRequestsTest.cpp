@@ -1,9 +1,9 @@
 #include <netcdf.h>
 
 #include <cstdint>
-#include <cstdlib>
 
 #include "FaultTest.h"
+#include "constraint.h"
 #include "netcdf/ncf.h"
 #include "section/sectionPath.h"
 #include "section/sectionValues.h"
@@ -49,17 +49,7 @@ class FewRequests : public FaultTest {
     }
   }
   // Bytes of the answer to a constraint "temp.temp[0][0:9]...": short integers travel as long ones.
-  static int64_t bytesFor(const std::string& constraint) {
-    int64_t product = 4;
-    for (std::size_t at = constraint.find('['); at != std::string::npos;
-         at = constraint.find('[', at + 1)) {
-      char* end = nullptr;
-      const int64_t first = std::strtoll(constraint.c_str() + at + 1, &end, 10);
-      const int64_t last = *end == ':' ? std::strtoll(end + 1, &end, 10) : first;
-      product *= last - first + 1;
-    }
-    return product;
-  }
+  static int64_t bytesFor(const std::string& constraint) { return 4 * valuesIn(constraint); }
   static std::vector<float> held() {
     return {section_values.values().begin(), section_values.values().end()};
   }

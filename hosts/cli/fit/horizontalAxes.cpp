@@ -74,6 +74,20 @@ void noteUneven(Draft& draft, const std::string& name, const std::vector<double>
              text(std::round(off * 10) / 10) + " away. --grid makes the spacing even.");
 }
 
+// Leaves what lies within the box. all: the range before, for who asked for too little.
+void cut(Draft& draft, HorizontalAxis& axis, const std::vector<std::size_t>& places,
+         const std::string& name, const std::string& what, const std::string& all) {
+  const std::size_t count = axis.values.size();
+  keep(draft, axis, places);
+  if (axis.values.size() < 2) {
+    throw Failure("The box has fewer than two of the " + what + ", which are " + all + ".");
+  }
+  draft.change(name,
+               std::to_string(axis.values.size()) + " of " + std::to_string(count) + " " + what +
+                   ", " + range(axis.values),
+               "the box");
+}
+
 // The name that makes the control find the axis: a dimension of the same name, and in front of
 // any other variable that could be taken for the axis.
 void nameAxis(Draft& draft, const Axis& axis, const std::string& keyword, const std::string& name) {
@@ -160,15 +174,7 @@ void fitLongitudes(Draft& draft, HorizontalAxis lon) {
     });
     places.erase(same, end);
     for (const std::size_t at : places) moved = moved || lon.values[at] != before[at];
-    const std::size_t count = lon.values.size();
-    keep(draft, lon, places);
-    if (lon.values.size() < 2) {
-      throw Failure("The box has fewer than two of the longitudes, which are " + all + ".");
-    }
-    draft.change(name,
-                 std::to_string(lon.values.size()) + " of " + std::to_string(count) +
-                     " longitudes, " + range(lon.values),
-                 "the box");
+    cut(draft, lon, places, name, "longitudes", all);
   }
   nameAxis(draft, lon.axis, "LON", "lon");
   fitUnits(draft, lon.axis, "LON", "east");
@@ -204,15 +210,7 @@ void fitLatitudes(Draft& draft, HorizontalAxis lat) {
           lat.values[at] >= box->south - 1e-5 && lat.values[at] <= box->north + 1e-5;
       if (inside) places.push_back(at);
     }
-    const std::size_t count = lat.values.size();
-    keep(draft, lat, places);
-    if (lat.values.size() < 2) {
-      throw Failure("The box has fewer than two of the latitudes, which are " + all + ".");
-    }
-    draft.change(name,
-                 std::to_string(lat.values.size()) + " of " + std::to_string(count) +
-                     " latitudes, " + range(lat.values),
-                 "the box");
+    cut(draft, lat, places, name, "latitudes", all);
   }
   nameAxis(draft, lat.axis, "LAT", "lat");
   fitUnits(draft, lat.axis, "LAT", "north");

@@ -4,12 +4,12 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <random>
 #include <vector>
 
 #include "platform/PixelRows.h"
 #include "platform/pixelCover.h"
+#include "support/specialValues.h"
 
 // Cells resolved by pixel look exactly like cells painted one after another.
 namespace {
@@ -19,8 +19,8 @@ using platform::Colour;
 using platform::PixelRows;
 using platform::PixelRun;
 
-constexpr float kNan = std::numeric_limits<float>::quiet_NaN();
-constexpr float kInfinity = std::numeric_limits<float>::infinity();
+using support::kFloatInfinity;
+using support::kFloatNan;
 
 // Colours of cells in painting order; kUnset for those that are left out.
 class Grid final : public CellBoxes {
@@ -85,7 +85,7 @@ class CellBoxesTest : public testing::Test {
       found.push_back(below(3) == 0 ? place + 0.3F * static_cast<float>(below(3)) : place);
     }
     std::ranges::sort(found);
-    if (below(20) == 0) found.front() = below(2) == 0 ? -kInfinity : -3e30F;
+    if (below(20) == 0) found.front() = below(2) == 0 ? -kFloatInfinity : -3e30F;
     if (below(3) == 0) std::ranges::reverse(found);
     return found;
   }
@@ -150,7 +150,7 @@ TEST_F(CellBoxesTest, WithEdgesThatGoBackAndForthAreLeftToTheOneByOneWay) {
   Surface surface(10, 10);
   const std::vector<float> rising = {1, 4, 9};
   for (const std::vector<float>& odd :
-       {std::vector<float>{1, 5, 3}, {5, 1, 3, 3}, {1, kNan, 4}, {kNan, kNan}}) {
+       {std::vector<float>{1, 5, 3}, {5, 1, 3, 3}, {1, kFloatNan, 4}, {kFloatNan, kFloatNan}}) {
     EXPECT_FALSE(surface.rows.paint(Grid(odd, rising, std::vector<Colour>(6, 7))));
     EXPECT_FALSE(surface.rows.paint(Grid(rising, odd, std::vector<Colour>(6, 7))));
   }
