@@ -57,11 +57,18 @@ class Source {
   }
   void skip(int64_t bytes) {
     if (left() < bytes) throw Broken{};
-    stream_.seekg(static_cast<std::streamoff>(bytes), std::ios::cur);
+    // Seeking throws away what the stream has read ahead: names and most texts are in there.
+    if (bytes <= kReadThrough) {
+      stream_.ignore(static_cast<std::streamsize>(bytes));
+    } else {
+      stream_.seekg(static_cast<std::streamoff>(bytes), std::ios::cur);
+    }
     position_ += bytes;
   }
 
  private:
+  static constexpr int64_t kReadThrough = 65536;
+
   std::ifstream stream_;
   int64_t size_;
   int64_t position_ = 0;

@@ -17,6 +17,11 @@ bool fileExists(const std::string& path);
 // memory cannot hold is std::bad_alloc, which says nothing about the file.
 std::string readWholeFile(const std::string& path, std::size_t limit);
 
+// When the name of a written file is forced to the disk: by the call, or whenever the system comes
+// to it, which is quicker and enough for what can be made again. Until then a machine that loses
+// its power comes up with the file that was there before, never with half of the new one.
+enum class NameForced { Now, InTime };
+
 // Writes a file completely or not at all, and durably: beside its final place, forced to the
 // disk, then renamed. A file that was there keeps its permissions, where the system allows it
 // its owner, group and access control list, and on Windows its attributes; a write-protected one
@@ -24,6 +29,7 @@ std::string readWholeFile(const std::string& path, std::size_t limit);
 // hard link keeps the old contents. A device or pipe is written straight. A failure throws
 // std::runtime_error with a text for the user, leaves what was there before, and nothing beside
 // it. Only a process that is killed meanwhile leaves a file ".kelvane-...part" there.
-void writeWholeFile(const std::string& path, std::string_view contents);
+void writeWholeFile(const std::string& path, std::string_view contents,
+                    NameForced nameForced = NameForced::Now);
 
 }  // namespace platform

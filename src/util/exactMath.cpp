@@ -5,6 +5,8 @@
 #include <cmath>
 #include <limits>
 
+#include "util/quickCosine.h"
+
 namespace util {
 namespace {
 
@@ -25,6 +27,7 @@ Quad withinATurn(double radians) {
 }  // namespace
 
 double cosine(double radians) {
+  if (const auto quick = quickCosine(radians)) return *quick;
   if (!std::isfinite(radians)) return std::numeric_limits<double>::quiet_NaN();
   return mp::cos(withinATurn(radians)).convert_to<double>();
 }

@@ -79,6 +79,11 @@ void drawPage(CairoSurface surface, const CairoVectorBox& box, double unitsPerPi
   check(cairo_surface_status(surface.get()));
 }
 
+// A picture can be drawn again, and one of an animation has the next one waiting.
+void writePicture(const std::string& path, std::string_view contents) {
+  writeWholeFile(path, contents, NameForced::InTime);
+}
+
 template <class Box>
 struct FourBoxes {
   // The contour lines cross coloured cells: they are combined with them bit by bit, so the edges
@@ -125,7 +130,7 @@ void CairoPictures::savePng(const std::string& path) const {
   if (!boxes_->pixels) throw std::logic_error("a picture of vectors cannot be saved as pixels");
   const PixelRows& pixels = boxes_->pixels->Picture1.pixels();
   if (pixels.empty()) refuseEmpty();
-  writeWholeFile(path, pngPicture(pixels));
+  writePicture(path, pngPicture(pixels));
 }
 
 void CairoPictures::saveSvg(const std::string& path, const std::string& title) const {
@@ -136,7 +141,7 @@ void CairoPictures::saveSvg(const std::string& path, const std::string& title) c
   cairo_svg_surface_set_document_unit(surface.get(), CAIRO_SVG_UNIT_PX);
   drawPage(std::move(surface), picture, 1.0);
   insertTitle(svg, drawableText(title));
-  writeWholeFile(path, svg);
+  writePicture(path, svg);
 }
 
 void CairoPictures::savePdf(const std::string& path, const std::string& title) const {
@@ -148,7 +153,7 @@ void CairoPictures::savePdf(const std::string& path, const std::string& title) c
   const std::string drawable = drawableText(title);
   cairo_pdf_surface_set_metadata(surface.get(), CAIRO_PDF_METADATA_TITLE, drawable.c_str());
   drawPage(std::move(surface), picture, kPointsPerPixel);
-  writeWholeFile(path, pdf);
+  writePicture(path, pdf);
 }
 
 }  // namespace platform

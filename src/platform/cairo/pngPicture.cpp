@@ -144,16 +144,25 @@ class FilteredRows {
   Bytes indices_, lastIndices_;  // of a row and the one above
 };
 
-std::string compressed(const Bytes& data) {
-  const std::unique_ptr<libdeflate_compressor, FreeCompressor> compressor(
-      libdeflate_alloc_compressor(kLevel));
-  if (!compressor) throw std::bad_alloc();
-  std::string out(libdeflate_zlib_compress_bound(compressor.get(), data.size()), '\0');
-  out.resize(libdeflate_zlib_compress(compressor.get(), data.data(), data.size(), out.data(),
-                                      out.size()));
-  if (out.empty()) throw std::bad_alloc();
-  return out;
-}
+// Into room for the worst case, which no picture of a section comes near: what is not written
+// never becomes memory.
+class Compressed {
+ public:
+  explicit Compressed(const Bytes& data) {
+    const std::unique_ptr<libdeflate_compressor, FreeCompressor> compressor(
+        libdeflate_alloc_compressor(kLevel));
+    if (!compressor) throw std::bad_alloc();
+    const std::size_t room = libdeflate_zlib_compress_bound(compressor.get(), data.size());
+    bytes_ = std::make_unique_for_overwrite<char[]>(room);
+    size_ = libdeflate_zlib_compress(compressor.get(), data.data(), data.size(), bytes_.get(), room);
+    if (size_ == 0) throw std::bad_alloc();
+  }
+  std::string_view data() const { return {bytes_.get(), size_}; }
+
+ private:
+  std::unique_ptr<char[]> bytes_;
+  std::size_t size_ = 0;
+};
 
 }  // namespace
 
@@ -162,9 +171,9 @@ std::string pngPicture(const PixelRows& pixels) {
   std::string png = "\x89PNG\r\n\x1A\n";
   putChunk(png, "IHDR", header(pixels, palette ? kIndexed : kTrueColour));
   if (palette) putChunk(png, "PLTE", paletteData(*palette));
-  const std::string data = compressed(FilteredRows(pixels, palette).data());
-  png.reserve(png.size() + data.size() + 64);
-  putChunk(png, "IDAT", data);
+  const Compressed compressed(FilteredRows(pixels, palette).data());
+  png.reserve(png.size() + compressed.data().size() + 64);
+  putChunk(png, "IDAT", compressed.data());
   putChunk(png, "IEND", {});
   return png;
 }

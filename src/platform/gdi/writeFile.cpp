@@ -128,13 +128,14 @@ class Part {
   }
 
   // With attributes like those of the file that was there, if any; to be archived again.
-  DWORD become(DWORD attributes) {
+  DWORD become(DWORD attributes, NameForced nameForced) {
     constexpr DWORD kKept =
         FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
     SetFileAttributesW(name_.c_str(), (attributes & kKept) | FILE_ATTRIBUTE_ARCHIVE);
+    const DWORD how = MOVEFILE_REPLACE_EXISTING |
+                      (nameForced == NameForced::Now ? DWORD{MOVEFILE_WRITE_THROUGH} : DWORD{0});
     const DWORD error = tryForAMoment(isHeldOrRefused, [&] {
-      constexpr DWORD kDurably = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
-      return MoveFileExW(name_.c_str(), target_.c_str(), kDurably) != 0 ? kNoError : GetLastError();
+      return MoveFileExW(name_.c_str(), target_.c_str(), how) != 0 ? kNoError : GetLastError();
     });
     if (error == kNoError) created_ = false;
     return error;
@@ -180,7 +181,7 @@ bool writtenStraight(const std::string& path, const std::wstring& name, std::str
 
 }  // namespace
 
-void writeWholeFile(const std::string& path, std::string_view contents) {
+void writeWholeFile(const std::string& path, std::string_view contents, NameForced nameForced) {
   if (path.empty()) failWriting(path, ERROR_PATH_NOT_FOUND);
   if (path.find('\0') != std::string::npos) failWriting(path, ERROR_INVALID_NAME);
   std::wstring target = systemName(path);
@@ -200,7 +201,7 @@ void writeWholeFile(const std::string& path, std::string_view contents) {
   }
   Part part(target);
   error = part.fill(contents, replaces ? &old.ftCreationTime : nullptr);
-  if (error == kNoError) error = part.become(old.dwFileAttributes);
+  if (error == kNoError) error = part.become(old.dwFileAttributes, nameForced);
   // It could be replaced, so whoever keeps it from that has it open.
   if (replaces && error == ERROR_ACCESS_DENIED) error = ERROR_SHARING_VIOLATION;
   if (error != kNoError) failWriting(path, error);

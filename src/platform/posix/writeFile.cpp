@@ -132,7 +132,7 @@ void forceFolderToDisk(const fs::path& folder) {
 
 }  // namespace
 
-void writeWholeFile(const std::string& path, std::string_view contents) {
+void writeWholeFile(const std::string& path, std::string_view contents, NameForced nameForced) {
   if (path.find('\0') != std::string::npos) {
     fail(path, std::make_error_code(std::errc::invalid_argument));
   }
@@ -155,7 +155,7 @@ void writeWholeFile(const std::string& path, std::string_view contents) {
     if (!failure) failure = part.become(target);
   }
   if (failure) fail(path, failure);
-  forceFolderToDisk(target.parent_path());
+  if (nameForced == NameForced::Now) forceFolderToDisk(target.parent_path());
 }
 
 }  // namespace platform

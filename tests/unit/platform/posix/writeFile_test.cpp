@@ -108,6 +108,13 @@ TEST(WriteWholeFileOnPosix, IsOnTheDiskBeforeItHasItsNameAndItsNameAfterwards) {
             (std::vector<std::string>{"force file", "rename", "force folder"}));
 }
 
+TEST(WriteWholeFileOnPosix, LeavesTheNameToTheSystemWhenThatIsEnough) {
+  const TempFolder folder;
+  CallRecorder recorder;
+  platform::writeWholeFile(folder.file("file"), "new", platform::NameForced::InTime);
+  EXPECT_EQ(recorder.recorded.made, (std::vector<std::string>{"force file", "rename"}));
+}
+
 TEST(WriteWholeFileOnPosix, AFailureOfAnyStepLeavesTheOldFileAlone) {
   struct Row {
     int fsyncError, folderError, renameError;
