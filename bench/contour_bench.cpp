@@ -1,12 +1,13 @@
 // Contour lines: finding and joining the pieces of all levels of a field, and joining alone.
 #include <benchmark/benchmark.h>
 
-#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <random>
 #include <span>
 #include <vector>
 
+#include "arrangedPieces.h"
 #include "render/contourField.h"
 #include "render/contourJoin.h"
 #include "render/contourLevels.h"
@@ -106,64 +107,24 @@ void traceOnly(benchmark::State& state) {
 }
 BENCHMARK(traceOnly)->Args({4000, 400})->Unit(benchmark::kMillisecond);
 
-enum Arrangement : int64_t { kChain, kShuffledChain, kSoup, kSamePlace, kOneLine, kLattice };
-
 // So many pieces of one level in kind and hostile arrangements.
-std::vector<ScreenPiece> arranged(int64_t arrangement, int32_t count) {
-  const auto many = static_cast<uint32_t>(count);
-  std::mt19937 random(7);
-  const auto below = [&](uint32_t limit) { return static_cast<float>(random() % limit); };
-  std::vector<ScreenPiece> pieces;
-  for (int32_t n = 0; n < count; ++n) {
-    const auto at = static_cast<float>(n);
-    switch (arrangement) {
-      case kChain:
-      case kShuffledChain:
-        pieces.push_back({at, below(400) / 1000, at + 1, below(400) / 1000});
-        break;
-      case kSoup: {
-        const float x = below(1 << 24) / 8000, y = below(1 << 24) / 8000;
-        pieces.push_back({x, y, x + below(1000) / 200, y + below(1000) / 200});
-        break;
-      }
-      case kSamePlace:
-        pieces.push_back({7, 7, 7, 7});
-        break;
-      case kOneLine: {
-        const float from = below(many), to = below(many);
-        pieces.push_back({from, 5, to, 5});
-        break;
-      }
-      default: {
-        const float x1 = below(100), y1 = below(100), x2 = below(100), y2 = below(100);
-        pieces.push_back({x1, y1, x2, y2});
-        break;
-      }
-    }
-  }
-  if (arrangement == kShuffledChain) {
-    for (std::size_t n = pieces.size(); n > 1; --n) std::swap(pieces[n - 1], pieces[random() % n]);
-  }
-  return pieces;
-}
-
 void join(benchmark::State& state) {
-  static constexpr const char* kNames[] = {"chain",      "shuffled chain", "soup",
-                                           "same place", "one line",       "lattice"};
+  const bench::Arrangement arrangement =
+      bench::kArrangements[static_cast<std::size_t>(state.range(0))];
   const std::vector<ScreenPiece> pieces =
-      arranged(state.range(0), static_cast<int32_t>(state.range(1)));
+      bench::arranged(arrangement, static_cast<int32_t>(state.range(1)));
   OcxContr::PieceJoiner joiner;
   int64_t lines = 0;
   for (auto _ : state) {
     lines = 0;
-    joiner.join(pieces, state.range(0) == kSoup ? 1e6 : 2.0,
-                [&](std::span<const PieceEnd>) { ++lines; });
+    joiner.join(pieces, bench::tolerance(arrangement), [&](std::span<const PieceEnd>) { ++lines; });
   }
-  state.SetLabel(kNames[state.range(0)]);
+  state.SetLabel(bench::nameOf(arrangement));
   state.counters["lines"] = static_cast<double>(lines);
 }
 BENCHMARK(join)
-    ->ArgsProduct({benchmark::CreateDenseRange(kChain, kLattice, 1), {62'500, 250'000, 1'000'000}})
+    ->ArgsProduct({benchmark::CreateDenseRange(0, std::ssize(bench::kArrangements) - 1, 1),
+                   {62'500, 250'000, 1'000'000}})
     ->MeasureProcessCPUTime()
     ->Unit(benchmark::kMillisecond);
 

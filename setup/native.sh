@@ -18,6 +18,8 @@ NATIVE_PACKAGES=(
   xz-utils
   # Real data and its tools, and locales with other decimal separators, for the tests
   ferret-datasets locales netcdf-bin python3 python3-jsonschema
+  # Counts instructions, for the tests of what things cost
+  valgrind
   # Compilers for samples of other hosts: C#, and Pascal with what makes it one for Windows
   fp-compiler fpc-source libmono-microsoft-csharp4.0-cil libmono-system-drawing4.0-cil
   libmono-system-windows-forms4.0-cil mono-mcs
