@@ -15,7 +15,7 @@ class Joining : public testing::TestWithParam<bench::Arrangement> {};
 
 TEST_P(Joining, CostsWhatAnIndexOfThePiecesCosts) {
   OcxContr::PieceJoiner joiner;
-  const double each = costOfEach("join", 2000, 16, [&](int32_t count) {
+  const double each = costOfEach("join", 1000, 8, [&](int32_t count) {
     const auto pieces = bench::arranged(GetParam(), count);
     std::size_t points = 0;
     const int64_t cost = instructions([&] {

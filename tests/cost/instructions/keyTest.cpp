@@ -74,7 +74,7 @@ TEST_F(Key, IsPreparedInProportionToItsDivisions) {
 }
 
 TEST_F(Key, IsPreparedBySortingDivisionsThatOverlap) {
-  const double each = costOfEach("divisions that overlap", 1000, 16, [](int32_t divisions) {
+  const double each = costOfEach("divisions that overlap", 1000, 8, [](int32_t divisions) {
     makeOverlappingKey(divisions);
     return preparing();
   });
