@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
 
 #include "platform/clipLine.h"
 #include "platform/drawableText.h"
+#include "platform/thinLine.h"
 #include "util/rounding.h"
 
 namespace platform {
@@ -101,7 +101,8 @@ void CairoPixelBox::Line(float x1, float y1, float x2, float y2, Colour colour) 
 void CairoPixelBox::drawSlanted(const LinePiece& line, int32_t thickness, Colour colour) {
   const bool hard = lettering_.edges() == Edges::Hard;
   if (hard && thickness == 1) {
-    drawThin(line, colour);
+    beginWriting();
+    drawThinLine(rows_, line, colour);
     return;
   }
   const auto [top, bottom] = std::minmax(line.y1, line.y2);
@@ -116,31 +117,6 @@ void CairoPixelBox::drawSlanted(const LinePiece& line, int32_t thickness, Colour
   cairo_move_to(context, line.x1 + centre, line.y1 + centre);
   cairo_line_to(context, line.x2 + centre, line.y2 + centre);
   cairo_stroke(context);
-}
-
-// One pixel a step between the pixels of the two ends, both included, so that lines that share an
-// end share its pixel and look continuous.
-void CairoPixelBox::drawThin(const LinePiece& line, Colour colour) {
-  int32_t x = util::roundToLong(line.x1), y = util::roundToLong(line.y1);
-  const int32_t endX = util::roundToLong(line.x2), endY = util::roundToLong(line.y2);
-  const int32_t dx = std::abs(endX - x), dy = std::abs(endY - y);
-  const int32_t stepX = endX < x ? -1 : 1, stepY = endY < y ? -1 : 1;
-  const uint32_t pixel = pixelOf(colour);
-  beginWriting();
-  rows_.open(std::min(y, endY), std::max(y, endY));
-  for (int32_t error = dx - dy;;) {
-    if (x >= 0 && y >= 0 && x < width_ && y < height_) rows_.start(y)[x] = pixel;
-    if (x == endX && y == endY) return;
-    const int32_t twice = 2 * error;
-    if (twice > -dy) {
-      error -= dy;
-      x += stepX;
-    }
-    if (twice < dx) {
-      error += dx;
-      y += stepY;
-    }
-  }
 }
 
 void CairoPixelBox::Print(std::string_view text) {

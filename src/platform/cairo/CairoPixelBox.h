@@ -44,7 +44,6 @@ class CairoPixelBox : public PictureBox {
   void makeSurface(int32_t width, int32_t height);
   void fill(const PixelBox& box, Colour colour);
   void drawSlanted(const LinePiece& line, int32_t thickness, Colour colour);
-  void drawThin(const LinePiece& line, Colour colour);
   void beginWriting();
   // Cairo and direct writing take turns: each side is told of the other's work. Cairo will draw
   // in the rows first..last.

@@ -7,6 +7,7 @@
 #include "platform/drawableText.h"
 #include "platform/gdi/bitmapSize.h"
 #include "platform/gdi/wideText.h"
+#include "platform/thinLine.h"
 #include "util/rounding.h"
 
 namespace platform {
@@ -89,6 +90,16 @@ void GdiPictureBox::Move(int32_t, int32_t, int32_t width, int32_t height) {
   Cls();
 }
 
+void GdiPictureBox::beginWriting() {
+  if (gdiIsDrawing_) GdiFlush();
+  gdiIsDrawing_ = false;
+}
+
+void GdiPictureBox::drawWithGdi(int32_t first, int32_t last) {
+  rows_.open(first, last);
+  gdiIsDrawing_ = true;
+}
+
 void GdiPictureBox::Cls() {
   CurrentX = CurrentY = 0;
   if (pixels_ == nullptr) return;
@@ -105,27 +116,30 @@ void GdiPictureBox::Line(float x1, float y1, float x2, float y2, Colour colour) 
   const auto line = clipLine({asDouble(x1), asDouble(y1), asDouble(x2), asDouble(y2)}, width_,
                              height_, thickness);
   if (pixels_ == nullptr || !line) return;
+  if (thickness == 1) {
+    beginWriting();
+    drawThinLine(rows_, *line, colour);
+    return;
+  }
   const auto [top, bottom] = std::minmax(line->y1, line->y2);
-  rows_.open(util::roundToLong(top) - thickness - 1, util::roundToLong(bottom) + thickness + 1);
+  drawWithGdi(util::roundToLong(top) - thickness - 1, util::roundToLong(bottom) + thickness + 1);
   const PenHandle pen(CreatePen(PS_SOLID, thickness, colorRef(colour)));
   const Selected selected(dc_.get(), pen.get());
-  const int x = util::roundToLong(line->x2), y = util::roundToLong(line->y2);
   MoveToEx(dc_.get(), util::roundToLong(line->x1), util::roundToLong(line->y1), nullptr);
-  LineTo(dc_.get(), x, y);
-  // A thin line stops short of its end point; the round end of a wide one covers it.
-  if (thickness == 1) SetPixelV(dc_.get(), x, y, colorRef(colour));
+  // The round end covers the end point, short of which GDI stops.
+  LineTo(dc_.get(), util::roundToLong(line->x2), util::roundToLong(line->y2));
 }
 
 void GdiPictureBox::Box(float x1, float y1, float x2, float y2, Colour colour) {
   const PixelBox box = pixelBox(x1, y1, x2, y2, width_, height_);
   if (pixels_ == nullptr || box.empty()) return;
-  GdiFlush();
+  beginWriting();
   rows_.fill(box, colour);
 }
 
 void GdiPictureBox::Cells(const CellBoxes& cells) {
   if (pixels_ == nullptr) return;
-  GdiFlush();
+  beginWriting();
   if (!rows_.paint(cells)) PictureBox::Cells(cells);
 }
 
@@ -136,7 +150,7 @@ void GdiPictureBox::Print(std::string_view text) {
     const int top = placeOf(CurrentY);
     // Letters may reach out of their line, but not by another one.
     const int reach = util::roundToLong(asDouble(height)) + 1;
-    rows_.open(top - reach, top + 2 * reach);
+    drawWithGdi(top - reach, top + 2 * reach);
     SetTextColor(dc_.get(), colorRef(ForeColor));
     TextOutW(dc_.get(), placeOf(CurrentX), top, wide.c_str(),
              static_cast<int>(wide.size()));

@@ -11,9 +11,9 @@
 
 namespace platform {
 
-// A picture box on a 32-bit bitmap in memory. Boxes and cells are filled straight into its pixels,
-// text and lines are drawn by GDI. A surface of more than 64 Mi pixels, or one there is no memory
-// for, is empty: it measures 0 x 0, and drawing does nothing.
+// A picture box on a 32-bit bitmap in memory. Boxes, cells and thin lines are written straight into
+// its pixels, text and wide lines are drawn by GDI. A surface of more than 64 Mi pixels, or one
+// there is no memory for, is empty: it measures 0 x 0, and drawing does nothing.
 class GdiPictureBox final : public PictureBox {
  public:
   // show is called by Refresh, to bring the picture to where the user sees it.
@@ -46,6 +46,10 @@ class GdiPictureBox final : public PictureBox {
 
  private:
   void selectFont() const;
+  // GDI and direct writing take turns: GDI keeps back what it draws until it is told to be done.
+  void beginWriting();
+  // GDI will draw in the rows first..last.
+  void drawWithGdi(int32_t first, int32_t last);
 
   std::function<void()> show_;
   int32_t width_ = 0, height_ = 0;
@@ -57,6 +61,7 @@ class GdiPictureBox final : public PictureBox {
   MemoryDc dc_;
   HGDIOBJ stockBitmap_ = nullptr;
   HGDIOBJ stockFont_ = nullptr;
+  bool gdiIsDrawing_ = false;
 };
 
 }  // namespace platform
