@@ -4,6 +4,7 @@
 #include "colorkey/rampColour.h"
 #include "netcdf/ncf.h"
 #include "netcdf/NetCDF.h"
+#include "netcdf/readAhead.h"
 #include "netcdf/status.h"
 #include "netcdf/title.h"
 #include "render/plotFrame.h"
@@ -16,8 +17,8 @@
 
 namespace support {
 
-void makeTinySet(const std::string& path) {
-  NcMaker nc(path);
+void makeTinySet(const std::string& path, int mode) {
+  NcMaker nc(path, mode);
   const int time = nc.dim("time", NC_UNLIMITED);
   const int depth = nc.dim("depth", 3);
   const int lat = nc.dim("lat", 4);
@@ -67,13 +68,17 @@ void makeTinySet(const std::string& path) {
 
 void resetState() {
   ocxNetNc::NcClose();
+  NetCDF::forgetReads();
   NetCDF::library = NetCDF::theLibrary();
+  NetCDF::beneath = NetCDF::bareLibrary();
   ocxNetNc::ncf = {};
-  ocxNetNc::DataSetName.clear();
-  ocxNetNc::TitleLines.assign(4);
-  KelvaneMain::DrawItems.clear();
+  ocxNetNc::DataSetName = {};
+  ocxNetNc::DataSetName.shrink_to_fit();
+  ocxNetNc::TitleLines = util::OneBased<std::string>(4);
+  KelvaneMain::DrawItems = {};
   KelvaneMain::Item_shown = KelvaneMain::VarShown = KelvaneMain::TimeShown = 0;
   KelvaneMain::ClearSectionPoints();
+  KelvaneMain::SectionPoints = {};
   KelvaneMain::section = {};
   KelvaneMain::section_values = {};
   KelvaneMain::settings = {};

@@ -1,9 +1,9 @@
-// What the libraries below the control do when memory ends. A set is opened, drawn and its key
-// saved, or a picture is saved, again and again, each time with another one of all allocations of
-// the process failing; each time in a process of its own, so that a death is counted and not the
-// end:
+// What the libraries below the control do when memory ends. A set is opened and drawn again and
+// again, each time with another one of all allocations of the process failing; each time in a
+// process of its own, so that a death is counted and not the end:
 //   library_shortages KIND STEP
-// KIND is classic, netcdf4 or picture; every STEP-th allocation fails. With
+// KIND is classic or netcdf4, the format of the set, or picture: then the picture of a classic one
+// is saved as well. Every STEP-th allocation fails, one a process. With
 //   library_shortages KIND limit STEP
 // the process gets a limit on its memory instead, of what it has and from 0 to 64 MiB more, by
 // STEP KiB. Status 1 for any death, for a hang, for a result that is wrong or for a process that
@@ -17,7 +17,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <filesystem>
 #include <fstream>
 #include <map>
 #include <new>
@@ -27,7 +26,6 @@
 #include <string>
 #include <utility>
 
-#include "colorkey/kewFile.h"
 #include "control/KelvaneCtl.h"
 #include "failing/libraries/Allocations.h"
 #include "platform/cairo/CairoPictures.h"
@@ -45,32 +43,22 @@ constexpr unsigned kLongest = 20;  // seconds
 enum Outcome { kUnaffected = 0, kRefused, kWrong, kNotRecovered, kException, kKinds };
 constexpr const char* kNames[] = {"unaffected", "refused", "wrong", "not recovered", "exceptions"};
 
-void copyAsNetCDF4(const std::string& from, const std::string& to) {
-  int source = -1, target = -1, dims = 0, variables = 0;
-  if (nc_open(from.c_str(), NC_NOWRITE, &source) != 0) std::abort();
-  if (nc_create(to.c_str(), NC_NETCDF4, &target) != 0) std::abort();
-  nc_inq(source, &dims, &variables, nullptr, nullptr);
-  for (int id = 0; id < dims; ++id) {
-    char name[NC_MAX_NAME + 1] = {};
-    std::size_t length = 0;
-    int made = -1;
-    nc_inq_dim(source, id, name, &length);
-    nc_def_dim(target, name, length, &made);
+// An exception that came out of a member which has none.
+struct Escaped {};
+
+template <class Member>
+auto withoutException(Member member) {
+  try {
+    return member();
+  } catch (...) {
+    throw Escaped();
   }
-  for (int id = 0; id < variables; ++id) nc_copy_var(source, id, target);
-  nc_close(target);
-  nc_close(source);
 }
 
 class Scene {
  public:
   explicit Scene(const std::string& kind) : saves_(kind == "picture") {
-    set_ = folder_.file("set.nc");
-    support::makeTinySet(set_);
-    if (kind == "netcdf4") {
-      std::filesystem::rename(set_, folder_.file("classic.nc"));
-      copyAsNetCDF4(folder_.file("classic.nc"), set_);
-    }
+    support::makeTinySet(set_, kind == "netcdf4" ? NC_NETCDF4 : 0);
   }
 
   // The whole way. False when a member has refused.
@@ -80,12 +68,12 @@ class Scene {
     platform::Desktop& desktop = platform::desktop();
     control::KelvaneCtl control(pictures.pictures(), desktop);
     control.Resize(200, 150);
-    if (control.NcFile(set_) != 1) return false;
+    if (withoutException([&] { return control.NcFile(set_); }) != 1) return false;
     control.AddSection(350, 0);
     control.AddSection(358, 0);
-    if (control.EndSection() != 1) return false;
+    if (withoutException([&] { return control.EndSection(); }) != 1) return false;
     KelvaneMain::settings.ViewStyle = 1;
-    control.Draw();
+    withoutException([&] { control.Draw(); });
     if (saves_) pictures.savePng(folder_.file("picture.png"));
     return util::LastError.empty();
   }
@@ -98,27 +86,18 @@ class Scene {
 
  private:
   support::TempFolder folder_;
-  std::string set_;
+  std::string set_ = folder_.file("set.nc");
   bool saves_;
 };
 
-Outcome outcomeOf(Scene& scene, uint64_t n, const std::string& expected) {
-  bool done = false;
-  bool thrown = false;
-  failing::beginShortage(n);
-  try {
-    done = scene.run();
-  } catch (const std::bad_alloc&) {  // of the pictures and of AddSection, which may say so
-  } catch (const std::runtime_error&) {
-  } catch (...) {
-    thrown = true;
-  }
-  failing::endShortage();
-  if (thrown) return kException;
-  if (done && Scene::values() != expected) return kWrong;
-  if (!scene.run() || Scene::values() != expected) return kNotRecovered;
-  return done ? kUnaffected : kRefused;
-}
+// The n-th allocation fails for the extent of a scope.
+class LostAllocation {
+ public:
+  explicit LostAllocation(uint64_t n) { failing::beginShortage(n); }
+  ~LostAllocation() { failing::endShortage(); }
+  LostAllocation(const LostAllocation&) = delete;
+  LostAllocation& operator=(const LostAllocation&) = delete;
+};
 
 // Bytes of address space that this process has.
 uint64_t addressSpace() {
@@ -158,23 +137,41 @@ class HeldMemory {
   Block* first_ = nullptr;
 };
 
-// The same as outcomeOf, with so many bytes left.
-Outcome outcomeWithin(Scene& scene, uint64_t bytes, const std::string& expected) {
-  const uint64_t now = addressSpace();
-  limitMemory(now);
-  std::optional<HeldMemory> held(std::in_place);
-  limitMemory(now + bytes);
+// The process has so many kilobytes left for the extent of a scope.
+class LimitedMemory {
+ public:
+  explicit LimitedMemory(uint64_t kilobytes) {
+    const uint64_t now = addressSpace();
+    limitMemory(now);
+    held_.emplace();
+    limitMemory(now + kilobytes * 1024);
+  }
+  ~LimitedMemory() {
+    held_.reset();
+    limitMemory(RLIM_INFINITY);
+  }
+  LimitedMemory(const LimitedMemory&) = delete;
+  LimitedMemory& operator=(const LimitedMemory&) = delete;
+
+ private:
+  std::optional<HeldMemory> held_;
+};
+
+// What becomes of the scene in a shortage, and behind it.
+template <class Shortage>
+Outcome outcomeIn(Scene& scene, uint64_t amount, const std::string& expected) {
   bool done = false;
   bool thrown = false;
-  try {
-    done = scene.run();
-  } catch (const std::bad_alloc&) {
-  } catch (const std::runtime_error&) {
-  } catch (...) {
-    thrown = true;
+  {
+    const Shortage shortage(amount);
+    try {
+      done = scene.run();
+    } catch (const std::bad_alloc&) {  // of the pictures and of AddSection, which may say so
+    } catch (const std::runtime_error&) {
+    } catch (...) {
+      thrown = true;
+    }
   }
-  held.reset();
-  limitMemory(RLIM_INFINITY);
   if (thrown) return kException;
   if (done && Scene::values() != expected) return kWrong;
   if (!scene.run() || Scene::values() != expected) return kNotRecovered;
@@ -197,10 +194,14 @@ int statusOfChild(const Trial& trial) {
 
 int main(int count, char** arguments) {
   const bool limited = count == 4 && std::strcmp(arguments[2], "limit") == 0;
-  if (count != 3 && !limited) return 2;
-  std::setvbuf(stdout, nullptr, _IONBF, 0);
-  const std::string kind = arguments[1];
+  const std::string kind = count > 1 ? arguments[1] : "";
   const uint64_t step = std::strtoull(arguments[count - 1], nullptr, 10);
+  if ((count != 3 && !limited) || step == 0 ||
+      (kind != "classic" && kind != "netcdf4" && kind != "picture")) {
+    std::fputs("usage: library_shortages classic|netcdf4|picture [limit] STEP\n", stderr);
+    return 2;
+  }
+  std::setvbuf(stdout, nullptr, _IONBF, 0);
   Scene scene(kind);
   if (!scene.run()) return std::printf("%s\n", util::LastError.c_str()), 2;
   const std::string expected = Scene::values();
@@ -213,7 +214,8 @@ int main(int count, char** arguments) {
   int tried = 0;
   for (uint64_t n = 1; n <= all; n += step, ++tried) {
     const int status = statusOfChild([&] {
-      return limited ? outcomeWithin(scene, n * 1024, expected) : outcomeOf(scene, n, expected);
+      return limited ? outcomeIn<LimitedMemory>(scene, n, expected)
+                     : outcomeIn<LostAllocation>(scene, n, expected);
     });
     std::string outcome = "deaths";
     if (WIFSIGNALED(status) && WTERMSIG(status) == SIGALRM) outcome = "hangs";

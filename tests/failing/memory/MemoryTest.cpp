@@ -183,6 +183,8 @@ void MemoryTest::inEveryShortage(const Member& member) {
     member.call();
     support::resetState();
     EXPECT_EQ(allocationsHeld(), held) << "lost in " << n << " calls";
+    EXPECT_EQ(n > 1, member.asks) << "that is what was to fail";
+    EXPECT_LT(n, kMost) << "it never comes through";
     shortages_ += static_cast<int>(n - 1);
     RecordProperty("shortages", shortages_);
     if (HasFailure()) return;

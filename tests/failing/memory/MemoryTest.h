@@ -21,6 +21,7 @@ class MemoryTest : public ControlTest {
     RunTimeError runTimeError = RunTimeError::Never;
     int success = 1;
     std::string alsoTold = "";  // another text that a failure may leave in LastError
+    bool asks = true;           // for memory at all
   };
 
   // Makes the call with every single one of its allocations failing, and with all from there on

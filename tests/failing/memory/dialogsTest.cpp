@@ -52,7 +52,9 @@ TEST_F(ShownDialogs, AnotherView) {
     form.optViewStyle_Click(1);
     form.OK();
   }));
-  inEveryShortage(options([](control::frmOptions& form) { form.Cancel(); }));
+  Member member = options([](control::frmOptions& form) { form.Cancel(); });
+  member.asks = false;
+  inEveryShortage(member);
 }
 
 TEST_F(ShownDialogs, RowsAddedAndDeleted) {

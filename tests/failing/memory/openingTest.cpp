@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "section/drawItems.h"
+#include "section/sectionPath.h"
 #include "util/lastError.h"
 
 namespace {
@@ -29,17 +31,29 @@ TEST_F(Opening, NcFileOfAMissingFile) {
 
 TEST_F(Opening, SetVarByName) {
   const std::string salt = "salt", none = "none of this name";
-  inEveryShortage({[&] { openAlongLatitude(); }, [&] { return shown.SetVarByName(salt); }});
-  inEveryShortage({[&] { openAlongLatitude(); }, [&] { return shown.SetVarByName(none); },
-                   RunTimeError::Never, -1});
+  inEveryShortage({.before = [&] { openAlongLatitude(); },
+                   .call = [&] { return shown.SetVarByName(salt); },
+                   .asks = false});
+  inEveryShortage({.before = [&] { openAlongLatitude(); },
+                   .call = [&] { return shown.SetVarByName(none); },
+                   .success = -1,
+                   .asks = false});
 }
 
 TEST_F(Opening, SetVarByOrder) {
-  inEveryShortage({[&] { openAlongLatitude(); }, [&] { return shown.SetVarByOrder(2); }});
+  inEveryShortage({.before = [&] { openAlongLatitude(); },
+                   .call = [&] { return shown.SetVarByOrder(2); },
+                   .asks = false});
 }
 
 TEST_F(Opening, ItemNameAndErrorMessage) {
-  inEveryShortage({[&] { openAlongLatitude(); }, [&] { return shown.ItemName(1) == "temp"; }});
+  // Longer than what a text has room for in itself.
+  const std::string name = "sea_water_potential_temperature";
+  inEveryShortage({[&] {
+                     openAlongLatitude();
+                     KelvaneMain::DrawItems(1).name = name;
+                   },
+                   [&] { return shown.ItemName(1) == name; }});
   inEveryShortage({[&] { openAlongLatitude(); }, [&] {
                      util::LastError = "[Somewhere] Error: something of some length";
                      const std::string text = shown.ErrorMessage();
@@ -57,9 +71,14 @@ TEST_F(Opening, AddSection) {
 }
 
 TEST_F(Opening, EndSection) {
-  inEveryShortage({[&] { openAlongLatitude(); }, [&] { return shown.EndSection(); }});
   inEveryShortage({[&] {
                      openAlongLatitude();
+                     KelvaneMain::section = {};
+                   },
+                   [&] { return shown.EndSection(); }});
+  inEveryShortage({[&] {
+                     openAlongLatitude();
+                     KelvaneMain::section = {};
                      shown.NewSection();
                      for (const auto& [x, y] : {std::pair{350, -1}, {354, 0}, {357, 0}}) {
                        shown.AddSection(static_cast<float>(x), static_cast<float>(y));

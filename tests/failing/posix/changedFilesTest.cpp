@@ -1,10 +1,7 @@
-#include <fcntl.h>
-#include <sys/file.h>
-#include <unistd.h>
-
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <utility>
 
 #include "failing/posix/Descriptors.h"
 #include "netcdf/NetCDF.h"
@@ -56,18 +53,14 @@ class Changed : public ControlTest,
  protected:
   Changed() : descriptors_(failing::openDescriptors()) {}
   ~Changed() override {
-    NetCDF::library = NetCDF::theLibrary();
+    NetCDF::beneath = NetCDF::bareLibrary();
     EXPECT_EQ(failing::openDescriptors(), descriptors_);
   }
 
   // A set that is drawn, classic or netCDF-4.
   void drawSet() {
-    const std::string classic = tinySet("classic.nc");
-    file_ = classic;
-    if (std::get<1>(GetParam())) {
-      file_ = folder.file("four.nc");
-      copyAsNetCDF4(classic, file_);
-    }
+    file_ = folder.file("set.nc");
+    support::makeTinySet(file_, std::get<1>(GetParam()) ? NC_NETCDF4 : 0);
     fs::copy_file(file_, file_ + ".kept");
     ASSERT_EQ(control.NcFile(file_), 1) << control.ErrorMessage();
     ASSERT_EQ(sectionThrough({{350, 0}, {358, 0}}), 1);
@@ -96,7 +89,6 @@ class Changed : public ControlTest,
     boxes.forget();
     return cells;
   }
-  static void copyAsNetCDF4(const std::string& from, const std::string& to);
 
   std::string file_;
   std::size_t cells_ = 0;
@@ -104,24 +96,6 @@ class Changed : public ControlTest,
  private:
   std::ptrdiff_t descriptors_;
 };
-
-// Dimensions, attributes and values one after the other, as the copying programs do it.
-void Changed::copyAsNetCDF4(const std::string& from, const std::string& to) {
-  int source = -1, target = -1, dims = 0, variables = 0;
-  ASSERT_EQ(nc_open(from.c_str(), NC_NOWRITE, &source), 0);
-  ASSERT_EQ(nc_create(to.c_str(), NC_NETCDF4, &target), 0);
-  nc_inq(source, &dims, &variables, nullptr, nullptr);
-  for (int id = 0; id < dims; ++id) {
-    char name[NC_MAX_NAME + 1] = {};
-    std::size_t length = 0;
-    int made = -1;
-    nc_inq_dim(source, id, name, &length);
-    ASSERT_EQ(nc_def_dim(target, name, length, &made), 0);
-  }
-  for (int id = 0; id < variables; ++id) ASSERT_EQ(nc_copy_var(source, id, target), 0);
-  ASSERT_EQ(nc_close(target), 0);
-  nc_close(source);
-}
 
 TEST_P(Changed, BetweenTwoReads) {
   ASSERT_NO_FATAL_FAILURE(drawSet());
@@ -149,16 +123,16 @@ std::function<void()> beforeRead;
 TEST_P(Changed, WhileItIsOpen) {
   ASSERT_NO_FATAL_FAILURE(drawSet());
   beforeRead = [this] { change(); };
-  NetCDF::library.nc_get_vars_short = [](int set, int variable, const std::size_t* start,
+  NetCDF::beneath.nc_get_vars_short = [](int set, int variable, const std::size_t* start,
                                          const std::size_t* count, const std::ptrdiff_t* stride,
                                          short* values) {
-    if (beforeRead) beforeRead();
-    beforeRead = nullptr;
+    if (beforeRead) std::exchange(beforeRead, nullptr)();
     return nc_get_vars_short(set, variable, start, count, stride, values);
   };
   control.SetCurrentTime(2);
-  NetCDF::library = NetCDF::theLibrary();
-  EXPECT_EQ(cellsDrawn() == cells_ || control.ErrorMessage() != "", true);
+  NetCDF::beneath = NetCDF::bareLibrary();
+  ASSERT_FALSE(beforeRead) << "nothing was read";
+  EXPECT_TRUE(cellsDrawn() == cells_ || control.ErrorMessage() != "");
   putBack();
   ASSERT_EQ(control.NcFile(file_), 1) << control.ErrorMessage();
   ASSERT_EQ(sectionThrough({{350, 0}, {358, 0}}), 1);

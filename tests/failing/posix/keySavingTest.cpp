@@ -48,8 +48,8 @@ TEST(SavingKeysAtOnce, LosesNoneAndTheFileIsWholeAtEveryMoment) {
   const TempFolder folder;
   const std::string file = folder.file("set.KEW");
   std::atomic<int> running = 0;
-  std::vector<std::thread> savers;
   std::vector<cli_test::Result> results(3);
+  std::vector<std::jthread> savers;
   const char* const variables[] = {"temp", "salt", "u"};
   for (std::size_t i = 0; i < results.size(); ++i) {
     ++running;
@@ -70,7 +70,7 @@ TEST(SavingKeysAtOnce, LosesNoneAndTheFileIsWholeAtEveryMoment) {
     EXPECT_GE(keys.size(), most) << "a key is gone";
     most = keys.size();
   }
-  for (std::thread& saver : savers) saver.join();
+  for (std::jthread& saver : savers) saver.join();
   for (const cli_test::Result& result : results) EXPECT_EQ(result.status, 0) << result.out;
   EXPECT_GT(looks, 10);
   EXPECT_EQ(keysIn(file), (std::vector<std::string>{"20 salt", "20 temp", "20 u"}));
@@ -88,7 +88,7 @@ TEST(WriteTurn, WaitsForAnotherOneButNotForEver) {
   const std::string file = folder.file("set.KEW");
   const platform::WriteTurn turn(file);
   std::string failure;
-  std::thread other([&] { failure = failureOfTurn(file); });
+  std::jthread other([&] { failure = failureOfTurn(file); });
   other.join();
   EXPECT_EQ(failure, "Cannot write \"" + file + "\": Another program is writing it");
 }
@@ -97,10 +97,10 @@ TEST(WriteTurn, GoesToTheNextOneWhenItsHolderEnds) {
   const TempFolder folder;
   const std::string file = folder.file("set.KEW");
   std::string failure;
-  std::thread other;
+  std::jthread other;
   {
     const platform::WriteTurn turn(file);
-    other = std::thread([&] { failure = failureOfTurn(file, kLong); });
+    other = std::jthread([&] { failure = failureOfTurn(file, kLong); });
     std::this_thread::sleep_for(std::chrono::milliseconds(50));
   }
   other.join();
@@ -114,14 +114,14 @@ TEST(WriteTurn, IsTheSameForEveryNameOfAFile) {
   std::ofstream(folder.path() / "set.KEW") << "x";
   const int held = open(folder.path().c_str(), O_RDONLY | O_DIRECTORY);
   ASSERT_EQ(flock(held, LOCK_EX), 0);
-  std::vector<std::thread> others;
   std::vector<std::string> failures(3);
+  std::vector<std::jthread> others;
   const std::string names[] = {links.file("link.KEW"), links.file("folder/set.KEW"),
                                folder.file("./set.KEW")};
   for (std::size_t i = 0; i < failures.size(); ++i) {
     others.emplace_back([&, i] { failures[i] = failureOfTurn(names[i]); });
   }
-  for (std::thread& other : others) other.join();
+  for (std::jthread& other : others) other.join();
   close(held);
   for (const std::string& failure : failures) EXPECT_NE(failure, "");
 }
