@@ -16,14 +16,16 @@ class Acceptance {
 
   bool takesAll() const { return side_ == 0; }
   // Singles are compared through the doubles that round to them: raw counts where
-  // raw x side() < bound().
+  // raw x side() < bound(). For a raw value that is a single, single() is as good as bound().
   double side() const { return side_; }
   double bound() const { return bound_; }
+  float single() const { return single_; }
   bool operator()(double raw) const { return takesAll() || raw * side_ < bound_; }
 
  private:
   double side_ = 0;  // -1, 0 or 1
   double bound_ = 0;
+  float single_ = 0;
 };
 
 // How a raw value becomes a value in physical units: raw x scale + offset, in double.

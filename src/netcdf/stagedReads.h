@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <memory>
 #include <span>
 #include <vector>
 
@@ -16,6 +17,26 @@ namespace NetCDF {
 template <class Number>
 using Reader = int (*)(int, int, const std::size_t*, const std::size_t*, const std::ptrdiff_t*,
                        Number*);
+
+// Room for numbers that are written before they are read, so that nobody writes them twice.
+template <class Number>
+class Room {
+ public:
+  // Makes room for so many; what was there before is lost unless it was enough.
+  void require(std::size_t count) {
+    if (count <= count_) return;
+    count_ = 0;
+    numbers_.reset();
+    numbers_ = std::make_unique_for_overwrite<Number[]>(count);
+    count_ = count;
+  }
+  Number* data() { return numbers_.get(); }
+  const Number* data() const { return numbers_.get(); }
+
+ private:
+  std::unique_ptr<Number[]> numbers_;
+  std::size_t count_ = 0;
+};
 
 // The values of announced reads, filled box by box when the first value of a box is wanted.
 template <class Number>
@@ -35,7 +56,7 @@ class StagedReads {
   }
   // The values of a read that has been fetched.
   std::span<const Number> values(std::size_t n) const {
-    return std::span(staged_).subspan((n - first_) * depth(), depth());
+    return {staged_.data() + (n - first_) * depth(), depth()};
   }
 
   static constexpr int kNotStaged = std::numeric_limits<int>::max();  // no status of the library
@@ -57,7 +78,7 @@ class StagedReads {
       for (const uint32_t place : placesOf(cover_.parts[part])) partOf_[place] = part;
     }
     states_.assign(cover_.parts.size(), kUntried);
-    staged_.resize(count * depth());
+    staged_.require(count * depth());
     first_ = n;
     count_ = count;
   }
@@ -71,9 +92,7 @@ class StagedReads {
     const ocxNetNc::Hyperslab slab = plan_.slabOf(part.box);
     const auto readPiece = [&](const ocxNetNc::Hyperslab& piece, int64_t elements) {
       if (status != NC_NOERR) return;
-      if (buffer_.size() < static_cast<std::size_t>(elements)) {
-        buffer_.resize(static_cast<std::size_t>(elements));
-      }
+      buffer_.require(static_cast<std::size_t>(elements));
       status = read(reads_.ncid, reads_.varid, piece.start.data(), piece.count.data(),
                     piece.stride.data(), buffer_.data());
       if (status == NC_NOERR) distribute(part, piece, elements);
@@ -107,8 +126,8 @@ class StagedReads {
   Cover cover_;
   std::vector<uint32_t> partOf_;  // of each read
   std::vector<int> states_;       // of each part: a status of the library, or kUntried
-  std::vector<Number> staged_;    // depth() values a read
-  std::vector<Number> buffer_;
+  Room<Number> staged_;           // depth() values a read
+  Room<Number> buffer_;
 };
 
 }  // namespace NetCDF

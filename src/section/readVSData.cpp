@@ -9,11 +9,11 @@
 #include "netcdf/status.h"
 #include "platform/Desktop.h"
 #include "section/drawItems.h"
+#include "section/extremes.h"
 #include "section/sectionPath.h"
 #include "section/sectionValues.h"
 #include "util/lastError.h"
 #include "util/numberText.h"
-#include "util/ocxMinmax.h"
 #include "util/rounding.h"
 
 namespace KelvaneMain {
@@ -68,12 +68,21 @@ void addDiagnostics(int32_t nvar_it, int32_t tcount) {
 // whatever has become of the data set and the path. A grid that cannot be sized leaves the held
 // one in place.
 void sizeGrid() {
-  SectionGrid grid;
-  grid.size(section.ncols, ncf.nlevels);
-  grid.section_depth_max = util::storeSingle(ocxNetNc::levelDepth(ncf.nlevels));
-  grid.depths = ncf.level_values;
-  section_values = std::move(grid);
+  SectionGrid::valuesOf(section.ncols, ncf.nlevels);  // its errors come first
+  const float deepest = util::storeSingle(ocxNetNc::levelDepth(ncf.nlevels));
+  std::vector<double> depths = ncf.level_values;
+  section_values.beginStoring(section.ncols, ncf.nlevels);
+  section_values.section_depth_max = deepest;
+  section_values.depths = std::move(depths);
 }
+
+// However a read ends, nothing of an earlier one is left in the grid.
+struct RestCleared {
+  RestCleared() = default;
+  ~RestCleared() { section_values.clearRest(); }
+  RestCleared(const RestCleared&) = delete;
+  RestCleared& operator=(const RestCleared&) = delete;
+};
 
 // Sets up the hyperslab of one profile, but for its place. False, with a message, for a
 // variable that lacks an axis.
@@ -104,20 +113,6 @@ bool beginHyperslab(const ocxNetNc::NcVar& variable, Axes& axes) {
 void startAt(const Axes& axes, Cell cell) {
   NcStart[axes.lon] = cell.i - 1;
   NcStart[axes.lat] = cell.j - 1;
-}
-
-// Every value counts for the extremes, column after column: of zeros with different signs the last
-// one stays.
-void countColumn(DrawItem& item, int32_t c) {
-  float maximum = item.maximum;
-  float minimum = item.minimum;
-  for (const float value : section_values.column(c)) {
-    if (!isValue(value)) continue;
-    maximum = ocxMinmax::Max2(maximum, value);
-    minimum = ocxMinmax::Min2(minimum, value);
-  }
-  item.maximum = maximum;
-  item.minimum = minimum;
 }
 
 // Reads the hyperslab as it is set up; false, with a message, when the reader refuses.
@@ -152,28 +147,28 @@ NetCDF::ComingReads comingReads(int32_t nvar_it, const Axes& axes) {
 }
 
 // A general path: one read a column.
-bool readColumns(int32_t nvar_it, const Axes& axes, DrawItem& item) {
+bool readColumns(int32_t nvar_it, const Axes& axes, Extremes& extremes) {
   const NetCDF::Announced announced(comingReads(nvar_it, axes));
   util::OneBased<float> values;
   for (int32_t c = 1; c <= section_values.ncols(); ++c) {
     startAt(axes, section.column_cells(c));
     if (!readHyperslab(nvar_it, values)) return false;
     section_values.storeColumn(c, {values.begin(), values.end()});
-    countColumn(item, c);
+    extremes.take(section_values.column(c));
   }
   return true;
 }
 
 // A path along one axis: its columns are neighbours in the grid, and a single read gives them
 // all, level after level.
-bool readRow(int32_t nvar_it, const Axes& axes, DrawItem& item) {
+bool readRow(int32_t nvar_it, const Axes& axes, Extremes& extremes) {
   const int32_t ncols = section_values.ncols();
   startAt(axes, section.column_cells(1));
   NcCount[section.section_kind == kSameLatitude ? axes.lon : axes.lat] = ncols;
   util::OneBased<float> values;
   if (!readHyperslab(nvar_it, values)) return false;
   section_values.storeLevels({values.begin(), values.end()});
-  for (int32_t c = 1; c <= ncols; ++c) countColumn(item, c);
+  extremes.take(section_values.values());
   return true;
 }
 
@@ -185,6 +180,7 @@ int32_t readSection(int32_t nvar_it, int32_t time_step) {
   if (ncf.grid_order == -1) ncf.grid_order = ocxNetNc::GridOrder(nvar_it);
   if (ncf.grid_order <= 0) return fail("[ReadVSData&] not proper nc grid ");
   sizeGrid();
+  const RestCleared cleared;
   Axes axes;
   if (!beginHyperslab(ncf.NcVars(nvar_it), axes)) return -1;
 
@@ -195,8 +191,11 @@ int32_t readSection(int32_t nvar_it, int32_t time_step) {
   item.maximum = kMissingValue;
   item.minimum = -kMissingValue;
   NcStart[axes.time] = time_step - 1;
-  const bool read = section.section_kind == kGeneralPath ? readColumns(nvar_it, axes, item)
-                                                         : readRow(nvar_it, axes, item);
+  Extremes extremes;
+  const bool read = section.section_kind == kGeneralPath ? readColumns(nvar_it, axes, extremes)
+                                                         : readRow(nvar_it, axes, extremes);
+  item.maximum = extremes.maximum(section_values.storedValues());
+  item.minimum = extremes.minimum(section_values.storedValues());
   return read ? time_step : -1;
 }
 

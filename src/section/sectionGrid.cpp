@@ -9,18 +9,44 @@ namespace KelvaneMain {
 
 SectionGrid section_values;
 
-void SectionGrid::size(int32_t ncols, int32_t nlevels) {
+std::size_t SectionGrid::valuesOf(int32_t ncols, int32_t nlevels) {
   if (ncols < 1 || nlevels < 1) util::raise(util::kSubscript);
-  const int32_t wanted = util::multiplyLong(ncols, nlevels);
-  if (wanted > kMostSectionValues) util::raise(util::kOutOfMemory);
-  const auto count = static_cast<std::size_t>(wanted);
-  std::vector<float> values(count, 0.0F);
-  std::vector<int16_t> marks(count, int16_t{0});
-  values_.swap(values);
-  marks_.swap(marks);
+  const int32_t count = util::multiplyLong(ncols, nlevels);
+  if (count > kMostSectionValues) util::raise(util::kOutOfMemory);
+  return static_cast<std::size_t>(count);
+}
+
+void SectionGrid::size(int32_t ncols, int32_t nlevels) {
+  beginStoring(ncols, nlevels);
+  clearRest();
+}
+
+void SectionGrid::beginStoring(int32_t ncols, int32_t nlevels) {
+  const std::size_t count = valuesOf(ncols, nlevels);
+  if (count != values_.size()) {
+    std::vector<float> values(count);
+    std::vector<int16_t> marks(count);
+    values_.swap(values);
+    marks_.swap(marks);
+  }
   deepest_.clear();
   ncols_ = ncols;
   nlevels_ = nlevels;
+  stored_ = 0;
+}
+
+std::span<const float> SectionGrid::storedValues() const {
+  const auto count = static_cast<std::size_t>(stored_) * static_cast<std::size_t>(nlevels_);
+  return std::span(values_).first(count);
+}
+
+void SectionGrid::clearRest() {
+  if (stored_ >= ncols_) return;
+  const auto first = static_cast<std::ptrdiff_t>(storedValues().size());
+  std::fill(values_.begin() + first, values_.end(), 0.0F);
+  std::fill(marks_.begin() + first, marks_.end(), int16_t{0});
+  deepest_.clear();
+  stored_ = ncols_;
 }
 
 void SectionGrid::store(int32_t c, int32_t k, float value) {
@@ -42,6 +68,7 @@ void SectionGrid::storeColumn(int32_t c, std::span<const float> column) {
   if (column.size() != static_cast<std::size_t>(nlevels_)) util::raise(util::kSubscript);
   std::ranges::copy(column, values_.begin() + static_cast<std::ptrdiff_t>(first));
   markValues(first, column.size());
+  if (c == stored_ + 1) stored_ = c;
 }
 
 void SectionGrid::storeLevels(std::span<const float> levels) {
@@ -55,8 +82,9 @@ void SectionGrid::storeLevels(std::span<const float> levels) {
     for (std::size_t k = 0; k < depth; ++k) {
       for (std::size_t c = first; c < end; ++c) values_[c * depth + k] = levels[k * columns + c];
     }
+    markValues(first * depth, (end - first) * depth);
   }
-  markValues(0, values_.size());
+  stored_ = ncols_;
 }
 
 std::span<const int32_t> SectionGrid::deepestValues() const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <vector>
@@ -21,9 +22,18 @@ inline constexpr int64_t kMostSectionValues = int64_t{1} << 26;
 // later repaint needs of the data set and path they came from.
 class SectionGrid {
  public:
-  // Sizes the grid afresh, all zero and unmarked; no column or no level is run-time error 9, more
-  // than kMostSectionValues values are error 7.
+  // How many values a grid of that size has. No column or no level is run-time error 9, more than
+  // kMostSectionValues values are error 7.
+  static std::size_t valuesOf(int32_t ncols, int32_t nlevels);
+  // Sizes the grid afresh, all zero and unmarked; the errors are those of valuesOf.
   void size(int32_t ncols, int32_t nlevels);
+  // The same for who is going to store every column in order, or to call clearRest(): until then
+  // the grid has anything where nothing was stored. Clearing all of it takes as long as storing.
+  void beginStoring(int32_t ncols, int32_t nlevels);
+  // Makes the columns that were not stored since then zero and unmarked.
+  void clearRest();
+  // What was stored since then, from column 1 on.
+  std::span<const float> storedValues() const;
 
   int32_t ncols() const { return ncols_; }
   int32_t nlevels() const { return nlevels_; }
@@ -57,6 +67,7 @@ class SectionGrid {
   std::size_t place(int32_t c, int32_t k) const;
   void markValues(std::size_t first, std::size_t count);
   int32_t ncols_ = 0, nlevels_ = 0;
+  int32_t stored_ = 0;         // columns from 1 on that have been stored, or cleared
   std::vector<float> values_;  // levels of a column side by side
   std::vector<int16_t> marks_;
   // Found when it is first asked for, since a grid is drawn more often than read.

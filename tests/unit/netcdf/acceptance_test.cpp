@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <limits>
 #include <vector>
 
@@ -89,6 +91,81 @@ TEST(ConvertTest, TakesEachValueByItself) {
       const float expected =
           i % 3 == 0 ? -1e35F : static_cast<float>(static_cast<double>(raw[i]) * 0.001 + 10);
       EXPECT_EQ(values[i], expected) << i;
+    }
+  }
+}
+
+// What becomes of numbers one by one, in the rule's own words; nothing where one overflows.
+template <class Number>
+std::vector<float> plainValues(const std::vector<Number>& raw, const Conversion& how) {
+  std::vector<float> values;
+  for (const Number number : raw) {
+    const auto wide = static_cast<double>(number);
+    const double value = wide * how.scale + how.offset;
+    if (!plainly(wide, how.threshold)) {
+      values.push_back(how.replacement);
+    } else if (std::fabs(value) >= 0x1.ffffffp127) {
+      return {};
+    } else {
+      values.push_back(static_cast<float>(value));
+    }
+  }
+  return values;
+}
+
+template <class Number>
+void expectPlainValues(const std::vector<Number>& raw, const Conversion& how) {
+  SCOPED_TRACE(testing::Message() << how.threshold << ", " << how.scale << ", " << how.offset);
+  const std::vector<float> expected = plainValues(raw, how);
+  std::vector<float> values(raw.size());
+  if (expected.empty()) {
+    EXPECT_THROW(convert(std::span<const Number>(raw), how, values.data()), util::RuntimeError);
+    return;
+  }
+  const auto counted = std::count_if(raw.begin(), raw.end(), [&](Number number) {
+    return plainly(static_cast<double>(number), how.threshold);
+  });
+  EXPECT_EQ(convert(std::span<const Number>(raw), how, values.data()), counted);
+  EXPECT_EQ(std::memcmp(values.data(), expected.data(), raw.size() * sizeof(float)), 0);
+}
+
+template <class Number>
+void expectPlainWholeNumbers() {
+  using Limits = std::numeric_limits<Number>;
+  std::vector<Number> raw = {0, 1, -1, Limits::min(), Limits::max(), Limits::min() + 1,
+                             Limits::max() - 1};
+  for (int n = 0; n < 100; ++n) raw.push_back(static_cast<Number>(n * 655 - 32700));
+  for (const double sign : {1.0, -1.0}) {
+    for (const double size : {0.0, 1e-300, 0.5, 1.0, 7.5, 32400.0, 32439.33, 32767.0, 32768.0, 1e6,
+                              2147483647.0, 2147483648.0, 1e20, 1e300, kInfinity, kNan}) {
+      for (const double scale : {1.0, 0.001, -0.02, 0.0, 1e34, 1e300, kInfinity, kNan}) {
+        expectPlainValues<Number>(raw, {sign * size, scale, 273.15, -1e35F});
+      }
+    }
+    expectPlainValues<Number>(raw, {sign, 1, sign * kInfinity, -1e35F});
+    // Whatever does not count is not scaled either.
+    expectPlainValues<Number>({0, 0, Limits::max(), 0}, {100, 1e36, 0, -1e35F});
+  }
+}
+
+TEST(ConvertTest, TakesWholeNumbersAsTheRuleSays) {
+  expectPlainWholeNumbers<short>();
+  expectPlainWholeNumbers<int>();
+}
+
+TEST(ConvertTest, TakesFractionsAsTheRuleSays) {
+  for (const double threshold : {0.0, 1.0, -1.0, 0.99 * 1e20, -0.99 * 1e34, 1e-45, 1e300, kInfinity,
+                                 -kInfinity, kNan, 7e-46, 0.1, -0.1}) {
+    std::vector<double> doubles = {0, -0.0, 1, -1, kNan, 1e19, -1e33, 1e-300};
+    for (const double number : around(threshold)) doubles.push_back(number);
+    std::vector<float> singles;
+    for (double& number : doubles) {
+      if (!(std::fabs(number) < 1e37)) number = kNan;
+      singles.push_back(static_cast<float>(number));
+    }
+    for (const double scale : {1.0, -0.5, 1e-3, 0.0}) {
+      expectPlainValues<double>(doubles, {threshold, scale, 2, -1e35F});
+      expectPlainValues<float>(singles, {threshold, scale, 2, -1e35F});
     }
   }
 }

@@ -101,6 +101,36 @@ TEST(SectionGrid, StoresLevelAfterLevel) {
   }
 }
 
+TEST(SectionGrid, HasNothingButWhatWasStoredSinceItWasBegun) {
+  for (const int32_t nlevels : {3, 4}) {  // as large as before, and not
+    for (int32_t stored = 0; stored <= 5; ++stored) {
+      SectionGrid grid;
+      grid.size(5, 3);
+      grid.storeLevels(std::vector<float>(15, 7.0F));
+      EXPECT_EQ(grid.deepestValues()[4], 3);
+      grid.beginStoring(5, nlevels);
+      const std::vector<float> column(static_cast<std::size_t>(nlevels), 8.0F);
+      for (int32_t c = 1; c <= stored; ++c) grid.storeColumn(c, column);
+      EXPECT_EQ(grid.storedValues().size(), static_cast<std::size_t>(stored * nlevels));
+      grid.clearRest();
+      for (int32_t c = 1; c <= 5; ++c) {
+        EXPECT_EQ(grid.value(c, nlevels), c <= stored ? 8 : 0);
+        EXPECT_EQ(grid.mark(c, nlevels), c <= stored ? 1 : 0);
+        EXPECT_EQ(grid.deepestValues()[static_cast<std::size_t>(c - 1)], c <= stored ? nlevels : 0);
+      }
+    }
+  }
+}
+
+TEST(SectionGrid, IsStoredWholeByLevels) {
+  SectionGrid grid;
+  grid.beginStoring(2, 2);
+  grid.storeLevels(std::vector<float>{1, 2, 3, 4});
+  EXPECT_EQ(grid.storedValues().size(), 4U);
+  grid.clearRest();
+  EXPECT_EQ(grid.value(2, 2), 4);
+}
+
 TEST(SectionGrid, ChecksEveryIndex) {
   SectionGrid grid;
   grid.size(2, 3);
