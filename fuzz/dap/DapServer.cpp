@@ -7,8 +7,8 @@
 #include <unistd.h>
 
 #include <array>
+#include <atomic>
 #include <cstdlib>
-#include <functional>
 #include <string>
 #include <thread>
 
@@ -61,14 +61,14 @@ std::string answerTo(const std::string& request, uint64_t caseNumber) {
   const uint64_t choice = choices.below(6);
   // The two descriptions of an open differ in one case of six.
   const std::string about = choice == 2 ? kind : kind + constraint;
-  Random random(caseNumber * 104729 + std::hash<std::string>()(about));
+  Random random(caseNumber * 104729 + scrambled(about));
   std::string answer = dapAnswer(kind, constraint, bare);
   if (isDamaged(kind, constraint, choice, random)) damage(answer, random);
   return "HTTP/1.1 200 OK\r\nContent-Length: " + std::to_string(answer.size()) + "\r\n\r\n" +
          answer;
 }
 
-void serveConnection(int connection, const uint64_t& caseNumber) {
+void serveConnection(int connection, const std::atomic<uint64_t>& caseNumber) {
   std::string received;
   std::array<char, 4096> part{};
   for (;;) {
@@ -84,7 +84,7 @@ void serveConnection(int connection, const uint64_t& caseNumber) {
   }
 }
 
-void serve(int listener, const uint64_t& caseNumber) {
+void serve(int listener, const std::atomic<uint64_t>& caseNumber) {
   for (;;) {
     const int connection = accept(listener, nullptr, nullptr);
     if (connection < 0) return;
@@ -97,7 +97,7 @@ void serve(int listener, const uint64_t& caseNumber) {
 
 }  // namespace
 
-int startServer(const uint64_t& caseNumber) {
+int startServer(const std::atomic<uint64_t>& caseNumber) {
   const int listener = socket(AF_INET, SOCK_STREAM, 0);
   sockaddr_in address{};
   address.sin_family = AF_INET;

@@ -22,20 +22,16 @@ std::vector<std::filesystem::path> filesIn(const std::filesystem::path& folder) 
   return files;
 }
 
-uint64_t saltOf(const std::string& kind) {
-  uint64_t salt = 0;
-  for (const char letter : kind) salt = Random(salt ^ static_cast<unsigned char>(letter)).next();
-  return salt;
-}
-
 }  // namespace
 
 Mutator::Mutator(const std::filesystem::path& seeds, const std::string& kind)
-    : salt_(saltOf(kind)),
+    : salt_(scrambled(kind)),
       hdf5_(kind.starts_with("netcdf4") || kind.starts_with("odd")),
       mended_(kind.ends_with("-mended")) {
   for (const auto& path : filesIn(seeds / kind.substr(0, kind.find('-')))) {
-    seeds_.push_back({.bytes = platform::readWholeFile(path.string(), kLargestSeed), .layout = {}, .checksummed = {}});
+    seeds_.push_back({.bytes = platform::readWholeFile(path.string(), kLargestSeed),
+                      .layout = {},
+                      .checksummed = {}});
   }
   if (seeds_.empty()) throw std::runtime_error("no files of this kind: " + kind);
 }

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 
 namespace fuzz {
 
@@ -27,5 +28,14 @@ class Random {
  private:
   uint64_t state_;
 };
+
+// A number of a text, the same on every machine.
+inline uint64_t scrambled(std::string_view text) {
+  uint64_t number = 0;
+  for (const char letter : text) {
+    number = Random(number ^ static_cast<unsigned char>(letter)).next();
+  }
+  return number;
+}
 
 }  // namespace fuzz
