@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "netcdf/NetCDF.h"
+#include "netcdf/readAhead.h"
 #include "targets/support/must.h"
 
 namespace fuzz {
@@ -262,6 +263,44 @@ int openDataSet(const char*, int mode, int* id) {
   return NC_NOERR;
 }
 
+// How a variable is stored, the same for all: what reading ahead plans by.
+struct Storage {
+  int format = NC_FORMATX_NC3;
+  int kind = NC_CONTIGUOUS;
+  std::array<std::size_t, 8> chunk{};
+};
+Storage storage;
+
+Storage anyStorage() {
+  Storage made;
+  made.format = std::array{NC_FORMATX_NC3, NC_FORMATX_NC_HDF5, NC_FORMATX_DAP2, 99}
+      [static_cast<std::size_t>(input->choice(4))];
+  made.kind = std::array{NC_CONTIGUOUS, NC_CHUNKED, NC_COMPACT, 99}
+      [static_cast<std::size_t>(input->choice(4))];
+  for (std::size_t& length : made.chunk) length = anyLength();
+  return made;
+}
+
+int variableChunking(int, int number, int* kind, std::size_t* lengths) {
+  const Variable* variable = variableOf(number);
+  if (variable == nullptr) return NC_ENOTVAR;
+  if (kind != nullptr) *kind = storage.kind;
+  if (lengths != nullptr && storage.kind == NC_CHUNKED) {
+    std::copy_n(storage.chunk.begin(), std::min(variable->dimensions.size(), storage.chunk.size()),
+                lengths);
+  }
+  return status();
+}
+
+// Reads that were announced go through the reading ahead, as in the system.
+void putReadingAheadBefore(NetCDF::EntryPoints& calls) {
+  calls.nc_close = NetCDF::closeBehindReads;
+  calls.nc_get_vars_short = NetCDF::readAhead<short>;
+  calls.nc_get_vars_int = NetCDF::readAhead<int>;
+  calls.nc_get_vars_float = NetCDF::readAhead<float>;
+  calls.nc_get_vars_double = NetCDF::readAhead<double>;
+}
+
 }  // namespace
 
 FakeLibrary::FakeLibrary(Input& from) {
@@ -269,7 +308,8 @@ FakeLibrary::FakeLibrary(Input& from) {
   held = regular();
   open = false;
   faultless = from.coin();
-  NetCDF::EntryPoints& calls = NetCDF::library;
+  storage = from.coin() ? anyStorage() : Storage{};
+  NetCDF::EntryPoints& calls = NetCDF::beneath;
   calls.nc_open = openDataSet;
   calls.nc_close = [](int) {
     MUST(open);
@@ -361,10 +401,31 @@ FakeLibrary::FakeLibrary(Input& from) {
   calls.nc_get_vars_int = hyperslab<int>;
   calls.nc_get_vars_float = hyperslab<float>;
   calls.nc_get_vars_double = hyperslab<double>;
+  calls.nc_inq_format_extended = [](int, int* format, int* mode) {
+    if (format != nullptr) *format = storage.format;
+    if (mode != nullptr) *mode = 0;
+    return status();
+  };
+  calls.nc_inq_var_chunking = variableChunking;
+  calls.nc_get_var_chunk_cache = [](int, int, std::size_t* bytes, std::size_t* slots,
+                                    float* preemption) {
+    *bytes = anyLength();
+    *slots = anyLength();
+    *preemption = 0.75F;
+    return status();
+  };
+  calls.nc_set_var_chunk_cache = [](int, int number, std::size_t, std::size_t, float preemption) {
+    MUST(preemption >= 0 && preemption <= 1);
+    return variableOf(number) == nullptr ? NC_ENOTVAR : status();
+  };
+  NetCDF::library = calls;
+  putReadingAheadBefore(NetCDF::library);
 }
 
 FakeLibrary::~FakeLibrary() {
+  NetCDF::forgetReads();
   NetCDF::library = NetCDF::theLibrary();
+  NetCDF::beneath = NetCDF::bareLibrary();
   input = nullptr;
 }
 
