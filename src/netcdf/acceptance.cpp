@@ -73,8 +73,8 @@ WholeRange wholeRange(const Acceptance& accepted) {
   return range;
 }
 
-// Whether every number of a type becomes a single. A conversion never turns back on its way from the
-// least to the largest number, so that these two decide.
+// Whether every number of a type becomes a single. A conversion never turns back on its way from
+// the least to the largest number, so that these two decide.
 template <class Number>
 bool allBecomeSingles(const Conversion& how) {
   using Limits = std::numeric_limits<Number>;
@@ -105,10 +105,10 @@ int32_t convertSafely(std::span<const Number> raw, const Conversion& how, WholeR
 class CheckedValues {
  public:
   template <class Number>
-  CheckedValues(std::span<const Number> raw, const Conversion& how) : size_(raw.size()) {
-    const double scale = how.scale;
-    const double offset = how.offset;
-    for (std::size_t i = 0; i < size_; ++i) value_[i] = static_cast<double>(raw[i]) * scale + offset;
+  CheckedValues(std::span<const Number> raw, Conversion how) : size_(raw.size()) {
+    for (std::size_t i = 0; i < size_; ++i) {
+      value_[i] = converted(static_cast<double>(raw[i]), how);
+    }
   }
 
   // Replaces those whose raw x side is not below the bound; how many are.

@@ -1,7 +1,6 @@
 #include "netcdf/aheadPlan.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "platform/memory.h"
 
@@ -9,6 +8,9 @@ namespace NetCDF {
 namespace {
 
 constexpr std::size_t kMegabyte = std::size_t{1} << 20;
+
+// What a place of a batch takes beside its values: its turn, its box, its share in finding boxes.
+constexpr std::size_t kPerPlace = 64;
 
 // What stays for the library when everything of a plan is taken.
 constexpr std::size_t kReserve = 16 * kMegabyte;
@@ -35,7 +37,7 @@ constexpr double kRequestInBytes = 512 * 1024;
 
 AheadPlan::AheadPlan(const ComingReads& reads, const Storage& storage, std::size_t valueBytes,
                      const AheadLimits& limits)
-    : places_(reads.places), storage_(storage), valueBytes_(valueBytes), limits_(limits) {
+    : storage_(storage), valueBytes_(valueBytes), limits_(limits) {
   reads_.ncid = reads.ncid;
   reads_.varid = reads.varid;
   reads_.rank = reads.rank;
@@ -46,13 +48,13 @@ AheadPlan::AheadPlan(const ComingReads& reads, const Storage& storage, std::size
     depth_ = reads.count[d];
     deepDimension_ = d;
   }
-  usable_ = usablePlaces();
-  perBatch_ = limits.staged / valueBytes / std::max<std::size_t>(depth_, 1);
+  usable_ = usablePlaces(reads.places);
+  const std::size_t values = std::min(limits.staged, depth_) * valueBytes;
+  perBatch_ = limits.staged / (values + kPerPlace);
 }
 
 std::optional<AheadPlan> AheadPlan::make(const ComingReads& reads, std::size_t valueBytes,
                                          const AheadLimits& limits) {
-  if (reads.rank < 2 || reads.rank > reads.start.size()) return std::nullopt;
   const std::optional<Storage> storage = storageOf(reads.ncid, reads.varid, reads.rank);
   if (!storage) return std::nullopt;
   AheadPlan plan(reads, *storage, valueBytes, limits);
@@ -78,13 +80,13 @@ bool AheadPlan::fits() const {
   return deep <= 1 && usable_ > 1 && perBatch_ > 1;
 }
 
-std::size_t AheadPlan::usablePlaces() const {
+std::size_t AheadPlan::usablePlaces(std::span<const Place> places) const {
   const std::size_t rows = storage_.shape[reads_.rank - 2];
   const std::size_t columns = storage_.shape[reads_.rank - 1];
-  const auto outside = std::ranges::find_if(places_, [&](Place place) {
+  const auto outside = std::ranges::find_if(places, [&](Place place) {
     return place.row >= rows || place.column >= columns;
   });
-  return static_cast<std::size_t>(outside - places_.begin());
+  return static_cast<std::size_t>(outside - places.begin());
 }
 
 std::size_t AheadPlan::batchFrom(std::size_t first) const {
@@ -110,7 +112,7 @@ void AheadPlan::setChunkCache() const {
 }
 
 bool AheadPlan::hasMemory() const {
-  std::size_t bytes = kReserve + std::min(usable_, perBatch_) * depth_ * valueBytes_;
+  std::size_t bytes = kReserve + std::min(usable_, perBatch_) * (depth_ * valueBytes_ + kPerPlace);
   if (storage_.layout == Layout::Remote) {
     bytes += 3 * limits_.request;  // the library's buffer may be twice as large as an answer
   } else if (storage_.layout != Layout::Chunked) {

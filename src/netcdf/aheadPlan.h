@@ -41,7 +41,7 @@ class AheadPlan {
   AheadPlan(const ComingReads& reads, const Storage& storage, std::size_t valueBytes,
             const AheadLimits& limits);
   bool fits() const;
-  std::size_t usablePlaces() const;
+  std::size_t usablePlaces(std::span<const Place> places) const;
   bool keepsChunks() const;
   std::size_t chunkDepth() const;
   void setChunkCache() const;
@@ -50,14 +50,13 @@ class AheadPlan {
   double wireBytes() const;
 
   ComingReads reads_;  // without the places
-  std::span<const Place> places_;
   Storage storage_;
   std::size_t valueBytes_;
   AheadLimits limits_;
   std::size_t depth_ = 1;       // values of a read
   std::size_t deepDimension_ = 0;  // the dimension along which they lie
   std::size_t usable_ = 0;      // places inside of the variable's shape, up to the first outside
-  std::size_t perBatch_ = 0;
+  std::size_t perBatch_ = 0;    // the most places of a batch
 };
 
 }  // namespace NetCDF

@@ -25,7 +25,7 @@ struct Box {
   }
 };
 
-// What reading a box takes, in microseconds. A storage fetches windows of neighbouring bytes, and
+// What reading a box takes, in any one unit. A storage fetches windows of neighbouring bytes, and
 // rows that lie in one window share it.
 struct ReadCost {
   double box = 0;     // a read

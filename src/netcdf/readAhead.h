@@ -2,7 +2,7 @@
 
 #include <array>
 #include <cstddef>
-#include <utility>
+#include <new>
 #include <vector>
 
 #include "netcdf/ncf.h"
@@ -39,17 +39,26 @@ struct AheadLimits {
 
 // Announces reads of an open data set; the first of them that is asked for begins the reading
 // ahead. Another read, before or between them, is simply done, and so are all when reading ahead
-// fails; but not from a server: there a failure is that of the read which needed it.
-// Announcements made before are forgotten.
+// fails; but not from a server: there a failure is that of the read which needed it. Reads of
+// fewer than two dimensions, or of more than a variable has, are not announced. Announcements made
+// before are forgotten.
 void announceReads(ComingReads reads, const AheadLimits& limits = {});
 
 // Forgets what was announced, and what was read and not asked for.
 void forgetReads() noexcept;
 
-// An announcement that ends with its scope.
+// An announcement of the reads that a function gives, which ends with its scope. Without the memory
+// for them nothing is announced.
 class Announced {
  public:
-  explicit Announced(ComingReads reads) { announceReads(std::move(reads)); }
+  template <class Reads>
+  explicit Announced(const Reads& reads) {
+    try {
+      announceReads(reads());
+    } catch (const std::bad_alloc&) {
+      forgetReads();
+    }
+  }
   ~Announced() { forgetReads(); }
   Announced(const Announced&) = delete;
   Announced& operator=(const Announced&) = delete;

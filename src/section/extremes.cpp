@@ -33,7 +33,9 @@ void Extremes::take(std::span<const float> values) {
     for (std::size_t i = 0; i < few.size(); ++i) {
       low[i] = few[i] > kMissingValue ? few[i] : -kMissingValue;
     }
-    for (std::size_t i = 0; i < few.size(); ++i) least_[i] = low[i] < least_[i] ? low[i] : least_[i];
+    for (std::size_t i = 0; i < few.size(); ++i) {
+      least_[i] = low[i] < least_[i] ? low[i] : least_[i];
+    }
   }
 }
 

@@ -148,7 +148,7 @@ NetCDF::ComingReads comingReads(int32_t nvar_it, const Axes& axes) {
 
 // A general path: one read a column.
 bool readColumns(int32_t nvar_it, const Axes& axes, Extremes& extremes) {
-  const NetCDF::Announced announced(comingReads(nvar_it, axes));
+  const NetCDF::Announced announced([&] { return comingReads(nvar_it, axes); });
   util::OneBased<float> values;
   for (int32_t c = 1; c <= section_values.ncols(); ++c) {
     startAt(axes, section.column_cells(c));

@@ -115,7 +115,7 @@ TEST_F(ReadAheadTest, ServesAnyOtherReadByItself) {
 TEST_F(ReadAheadTest, EndsWithTheAnnouncement) {
   make();
   {
-    const NetCDF::Announced announced(coming());
+    const NetCDF::Announced announced([this] { return coming(); });
     EXPECT_EQ(ask(path[0]), expected(path[0]));
   }
   beneath.reads.clear();
@@ -128,6 +128,14 @@ TEST_F(ReadAheadTest, EndsWithTheAnnouncement) {
   beneath.reads.clear();
   EXPECT_EQ(ask(path[1]), expected(path[1]));
   EXPECT_EQ(beneath.reads.size(), 1U);
+}
+
+TEST_F(ReadAheadTest, IsDoneWithoutWhereThereIsNoMemoryForTheAnnouncement) {
+  make();
+  announceReads(coming());
+  const NetCDF::Announced announced([]() -> ComingReads { throw std::bad_alloc(); });
+  expectPath();
+  EXPECT_EQ(beneath.reads.size(), path.size());
 }
 
 TEST_F(ReadAheadTest, LeavesRefusalsToTheLibrary) {
