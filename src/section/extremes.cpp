@@ -1,7 +1,6 @@
 #include "section/extremes.h"
 
 #include <algorithm>
-#include <ranges>
 
 #include "section/sectionValues.h"
 
@@ -11,9 +10,8 @@ namespace {
 // A zero that is an extreme has the sign of the last one; all others are below or above it.
 float withSign(float extreme, std::span<const float> all) {
   if (extreme != 0) return extreme;
-  const auto backwards = std::views::reverse(all);
-  const auto zero = std::ranges::find(backwards, 0.0F);
-  return zero == backwards.end() ? extreme : *zero;
+  const auto zero = std::find(all.rbegin(), all.rend(), 0.0F);
+  return zero == all.rend() ? extreme : *zero;
 }
 
 }  // namespace
