@@ -191,6 +191,8 @@ void CommandLine::defineFit() {
   fit_->add_option("out", fitRequest_.output, "The copy, a netCDF file; replaced if it exists")
       ->required()
       ->type_name("");
+  fit_->add_option("--group", fitRequest_.group, "Copy a group of a netCDF-4 file, like /forecast")
+      ->type_name("PATH");
   addRead(*fit_, "--vars", "A,B", fitRequest_.variables, fit::readNames,
           "names with commas between them", "Copy these variables and what belongs to them");
   addRead(*fit_, "--times", "A:B", fitRequest_.steps, readSteps,
@@ -217,8 +219,8 @@ void CommandLine::defineFit() {
   fit_->add_option("--method", fitRequest_.method,
                    "How to find values on that grid: nearest (default) or bilinear")
       ->transform(CLI::CheckedTransformer(
-          std::map<std::string, fit::Method>{{"nearest", fit::Method::Nearest},
-                                             {"bilinear", fit::Method::Bilinear}})
+                      std::map<std::string, fit::Method>{{"nearest", fit::Method::Nearest},
+                                                         {"bilinear", fit::Method::Bilinear}})
                       .description(""))
       ->type_name("NAME")
       ->needs(grid);

@@ -63,7 +63,7 @@ void fitDataSet(const fit::Request& request) {
   refuseSameFile(request);
   fit::Plan plan;
   {
-    const fit::NetcdfInput input(request.input);
+    const fit::NetcdfInput input(request.input, request.group);
     UnfinishedFile file(request.output);
     plan = makeCopy(input, request, file.path());
     fit::selfCheck(file.path(), plan);

@@ -100,7 +100,10 @@ Json variablesJson(const diagnosis::Diagnosis& diagnosis) {
 Json warningsJson(const diagnosis::Diagnosis& diagnosis) {
   Json list = Json::array();
   for (const diagnosis::Warning& warning : diagnosis.warnings) {
-    list.push_back({{"kind", warning.kind}, {"names", warning.names}, {"text", warning.text}});
+    list.push_back({{"kind", warning.kind},
+                    {"names", warning.names},
+                    {"text", warning.text},
+                    {"mended", warning.mended}});
   }
   return list;
 }

@@ -110,7 +110,7 @@ std::string itemsText(const DataSetFacts& facts) {
     nameWidth = std::max(nameWidth, item.name.size());
     unitsWidth = std::max(unitsWidth, bracketed(item.units).size());
   }
-  text += "\nItems that can be drawn:\n";
+  text += "\nItems that the control offers:\n";
   for (std::size_t at = 0; at < facts.items.size(); ++at) {
     const DataSetFacts::Item& item = facts.items[at];
     text += numbered(at + 1) +

@@ -54,7 +54,7 @@ TEST_F(Info, ListsEverythingAsText) {
             "     2  50\n"
             "     3  200\n"
             "\n"
-            "Items that can be drawn:\n"
+            "Items that the control offers:\n"
             "     1  temp  [degC]  potential temperature (time, depth, lat, lon)\n"
             "     2  salt  [1]     salinity (time, depth, lat, lon)\n");
 }

@@ -7,6 +7,7 @@
 #include "MadeSet.h"
 #include "controlOutcome.h"
 #include "diagnosis/diagnose.h"
+#include "schema.h"
 #include "support/TempFolder.h"
 #include "support/sampleSets.h"
 
@@ -37,6 +38,8 @@ void expectAgreement(const std::string& path, Verdict verdict, const std::string
   const Diagnosis diagnosis = examine(path).diagnosis;
   EXPECT_EQ(verdictName(diagnosis.verdict), verdictName(verdict)) << diagnosis.summary;
   EXPECT_EQ(verdictName(verdictOf(diagnosis.checks)), verdictName(verdict)) << "by the rules alone";
+  static const std::set<std::string> rules = namesInSchema("checks", "rule");
+  for (const Check& check : diagnosis.checks) EXPECT_TRUE(rules.contains(check.rule)) << check.rule;
   const Check* failure = diagnosis.firstFailure();
   ASSERT_EQ(failure == nullptr, rule.empty()) << (failure == nullptr ? "" : failure->rule);
   if (failure != nullptr) {
@@ -126,6 +129,15 @@ MadeSet longitudeOfTwo() {
   return set;
 }
 
+// The library counts dimensions of groups along with the others.
+const auto kBehindAGroup = [](NcMaker& nc, int) {
+  int group = -1, dim = -1;
+  nc_def_grp(nc.id(), "run", &group);
+  nc_def_dim(group, "member", 7, &dim);
+  nc_def_var(group, "weight", NC_FLOAT, 1, &dim, &dim);
+  nc.var("bins", NC_FLOAT, {nc.dim("bin", 2)});
+};
+
 constexpr Verdict kRefused = Verdict::DoesNotOpen;
 constexpr int k4 = NC_NETCDF4;
 
@@ -166,6 +178,10 @@ INSTANTIATE_TEST_SUITE_P(
               .more = [](NcMaker& nc, int) { nc.number(NC_GLOBAL, "v", NC_UBYTE, {1}); }},
              kRefused,
              "attribute-types"},
+        Case{"DimensionBehindAGroup",
+             {.mode = k4, .more = kBehindAGroup},
+             kRefused,
+             "group-dimensions"},
         Case{"DeepestLast", {.levels = {0, 1}}, Verdict::Drawable, ""}),
     nameOf);
 

@@ -3,11 +3,11 @@
 #include <filesystem>
 
 #include "MadeSet.h"
-#include "Subprocess.h"
 #include "diagnosis/diagnose.h"
 #include "diagnosis/remedy.h"
 #include "support/TempFolder.h"
 #include "support/sampleSets.h"
+#include "typed.h"
 
 // The command that is given is one to be typed as it stands.
 namespace diagnosis_test {
@@ -24,13 +24,8 @@ class Remedy : public testing::Test {
     return examine(folder.file(name)).diagnosis;
   }
 
-  // Has a shell run a command in the test's folder.
   cli_test::Result typed(const std::string& command) {
-    const std::string program = shellWord(KELVANE_PROGRAM);
-    EXPECT_EQ(command.substr(0, 8), "kelvane ");
-    cli_test::Surroundings surroundings;
-    surroundings.folder = folder.path().string();
-    return cli_test::run({"/bin/sh", "-c", program + command.substr(7)}, surroundings);
+    return diagnosis_test::typed(command, folder.path().string());
   }
 
   // The fitted copy that a diagnosis proposes is made, and can be drawn as its diagnosis says.
@@ -74,6 +69,21 @@ TEST_F(Remedy, TooManyDimensionsAreSelectedFrom) {
 TEST_F(Remedy, UnevenGridsAreMadeEven) {
   MadeSet{.lats = {0, 1, 2, 3, 48}}.make(folder.file("set.nc"));
   expectCured("set.nc", "set-fit.nc", " --grid 1,12");
+}
+
+TEST_F(Remedy, OfWhatLiesInAGroupTakesTheGroup) {
+  MadeSet set = {.mode = NC_NETCDF4, .order = ""};
+  set.more = [](support::NcMaker& nc, int) {
+    const char* const names[] = {"empty", "stations", "fore cast"};
+    int group = -1, variable = -1;
+    for (const char* name : names) ASSERT_EQ(nc_def_grp(nc.id(), name, &group), NC_NOERR);
+    const int dims[] = {0, 1, 2, 3};
+    ASSERT_EQ(nc_def_var(group, "q", NC_FLOAT, 4, dims, &variable), NC_NOERR);
+    ASSERT_EQ(nc_inq_ncid(nc.id(), "stations", &group), NC_NOERR);
+    ASSERT_EQ(nc_def_var(group, "height", NC_FLOAT, 1, dims, &variable), NC_NOERR);
+  };
+  set.make(folder.file("set.nc"));
+  expectCured("set.nc", "set-fit.nc", " --group '/fore cast'");
 }
 
 TEST_F(Remedy, ThereIsNoneOfWhatHasNoLevels) {

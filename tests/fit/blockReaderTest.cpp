@@ -10,9 +10,9 @@
 namespace fit_test {
 namespace {
 
+using cli::Header;
 using cli::fit::BlockReader;
 using cli::fit::Blocks;
-using cli::fit::Header;
 using cli::fit::Plan;
 using cli::fit::PlanVar;
 
@@ -20,7 +20,7 @@ using cli::fit::PlanVar;
 class CountingInput : public cli::fit::Input {
  public:
   explicit CountingInput(const std::vector<std::size_t>& lengths) {
-    cli::fit::Variable variable;
+    cli::Variable variable;
     variable.name = "v";
     for (std::size_t at = 0; at < lengths.size(); ++at) {
       header_.dims.push_back({"d" + std::to_string(at), lengths[at], false});

@@ -10,11 +10,11 @@
 namespace fit_test {
 namespace {
 
-using cli::fit::Attribute;
-using cli::fit::Header;
+using cli::Attribute;
+using cli::Header;
+using cli::Variable;
 using cli::fit::Plan;
 using cli::fit::Request;
-using cli::fit::Variable;
 
 class Described : public cli::fit::Input {
  public:

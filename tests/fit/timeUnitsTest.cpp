@@ -37,6 +37,7 @@ const std::vector<Case> kCases = {
     {"Seconds since 1970-01-01 00:00:00", "proleptic_gregorian", {5}, "", {}},
     {"minutes since 1-JAN-1990", "", {5}, "", {}},
     {"month", "", {1, 2}, "", {}},
+    {"season", "", {1, 2}, "", {}},
     {"", "", {1, 2}, "", {}},
     // Clock times and zones are not read.
     {"hours since 1990-01-01 12:00:00", "", {0, 6}, "hours since 1990-01-01", {12, 18}},
@@ -47,6 +48,7 @@ const std::vector<Case> kCases = {
     {"milliseconds since 1990-01-01", "", {86400000}, "days since 1990-01-01", {1}},
     {"weeks since 1990-01-01", "", {1}, "days since 1990-01-01", {7}},
     {"months since 1990-01-15", "", {0, 1, 2.5}, "days since 1990-01-15", {0, 31, 74.5}},
+    {"seasons since 1990-01-15", "", {0, 1, 4}, "days since 1990-01-15", {0, 90, 365}},
     {"years since 2000-02-29", "", {0, 1, 4}, "days since 2000-02-29", {0, 365, 1461}},
     {"day as %Y%m%d.%f", "proleptic_gregorian", {19000102.5}, "days since 1900-01-01", {1.5}},
     // Origins that the control would take for others: two digits, and the Julian calendar.

@@ -1,5 +1,4 @@
 #include <cmath>
-#include <filesystem>
 
 #include "FitTest.h"
 
@@ -333,19 +332,6 @@ TEST_F(FitVariable, OnlyTheChosenOnesAreCopiedWithWhatBelongsToThem) {
   const auto unknown = kelvane({"fit", in(), out(), "--vars", "temp,wind"});
   EXPECT_EQ(unknown.status, 1);
   EXPECT_EQ(unknown.err, "kelvane: There is no variable wind.\nVariables: temp, salt, zeta\n");
-}
-
-TEST_F(FitVariable, GroupsAreLeftOutAndToldOf) {
-  MadeSet set;
-  set.mode = NC_NETCDF4;
-  set.more = [](support::NcMaker& nc, int) {
-    int group = -1;
-    ASSERT_EQ(nc_def_grp(nc.id(), "forecast", &group), NC_NOERR);
-  };
-  EXPECT_TRUE(contains(fit(set).err, "note: group forecast is left out."));
-  std::filesystem::remove(out());
-  set.order = "tyx";
-  EXPECT_TRUE(contains(refusal(set), "\nNot read: group forecast.\n"));
 }
 
 TEST_F(FitVariable, ThoseOnOtherGridsAreToldOf) {

@@ -85,6 +85,14 @@ const std::vector<Case> kCases = {
 INSTANTIATE_TEST_SUITE_P(Fit, VerticalAxes, testing::ValuesIn(kCases),
                          [](const auto& each) { return std::string(each.param.about); });
 
+TEST_F(FitVertical, LevelsThatFollowTheBottomAreToldOf) {
+  MadeSet set;
+  set.level = axis("s_rho", "1", {-0.75, -0.5, -0.25});
+  EXPECT_TRUE(contains(fit(set).err, "note: the levels of s_rho are no depths in metres"));
+  set.level = axis("depth", "m", {1, 2, 3});
+  EXPECT_EQ(fit(set).err, "");
+}
+
 TEST_F(FitVertical, IsMadeOfADimensionWithoutAVariable) {
   MadeSet set;
   set.level.name = "lev";

@@ -36,6 +36,7 @@ struct Warning {
   std::string kind;                // a name that stays the same
   std::vector<std::string> names;  // of the variables concerned; none: the data set
   std::string text;
+  bool mended = false;  // it makes pictures wrong, and a fitted copy has none of it
 };
 
 struct VariableFinding {

@@ -23,42 +23,43 @@ constexpr int kNoCellAxis = -3;
 
 // The catalogue's record of a variable, cut to what the record holds: its first dimensions, and
 // the units before any other attribute, for identification asks for nothing else.
-NcVar catalogued(const SetHeader& header, const SetHeader::Variable& variable) {
+NcVar catalogued(const Header& header, const Variable& variable) {
   NcVar record;
   record.Name = variable.name;
   record.Type = variable.type;
-  const auto rank = std::min<std::size_t>(variable.dimensions.size(), ocxNetNc::kDimensionLimit);
+  const auto rank = std::min<std::size_t>(variable.dims.size(), ocxNetNc::kDimensionLimit);
   record.NDims = static_cast<int32_t>(rank);
   for (std::size_t at = 0; at < rank; ++at) {
-    record.DimId[at] = variable.dimensions[at];
-    record.DimName[at] = header.dimensions[static_cast<std::size_t>(variable.dimensions[at])].name;
+    record.DimId[at] = variable.dims[at];
+    record.DimName[at] = dimensionOf(header, variable.dims[at]).name;
   }
-  for (const SetHeader::Attribute& attribute : variable.attributes) {
+  for (const Attribute& attribute : variable.attributes) {
     if (!ocxStrings::hasPrefix(attribute.name, "UNIT")) continue;
-    record.Unit = attribute.text;
+    const std::string text = valueText(attribute);
+    record.Unit = text;
     if (record.NAtts == ocxNetNc::kAttributeLimit) continue;
     const auto place = static_cast<std::size_t>(record.NAtts++);
     record.AttName[place] = attribute.name;
     record.AttType[place] = attribute.type;
-    record.AttValue[place] = attribute.text;
+    record.AttValue[place] = text;
   }
   return record;
 }
 
-void fillCatalogue(const SetHeader& header) {
+void fillCatalogue(const Header& header) {
   const std::string name = ncf.NcFileName;
   const int32_t id = ncf.NcId;
   ncf = {};
   ncf.NcFileName = name;
   ncf.NcId = id;
-  for (const SetHeader::Dimension& dimension : header.dimensions) {
+  for (const Dimension& dimension : header.dims) {
     ncf.NcDims.push(
         {.Name = dimension.name,
          .Length = static_cast<int32_t>(std::min<std::size_t>(dimension.length, INT32_MAX)),
          .Unlimited = dimension.unlimited ? 1 : 0,
          .Reserved = 0});
   }
-  for (const SetHeader::Variable& variable : header.variables) {
+  for (const Variable& variable : header.vars) {
     ncf.NcVars.push(catalogued(header, variable));
   }
 }
@@ -99,10 +100,8 @@ int within(int number, std::size_t count) {
   return number >= 0 && static_cast<std::size_t>(number) < count ? number : -1;
 }
 
-Recognition::Axis axis(const SetHeader& header, int32_t variable, int32_t dimension) {
-  return {within(variable - 1, header.variables.size()),
-          within(dimension, header.dimensions.size()),
-          {}};
+Recognition::Axis axis(const Header& header, int32_t variable, int32_t dimension) {
+  return {within(variable - 1, header.vars.size()), within(dimension, header.dims.size()), {}};
 }
 
 // As the control stores it; what is beyond the range of a single is infinite here.
@@ -113,16 +112,20 @@ double single(double value) {
   return static_cast<double>(static_cast<float>(value));
 }
 
-void readValues(int ncid, const SetHeader& header, Recognition::Axis& axis, bool asSingles) {
+void readValues(const Header& header, Recognition::Axis& axis, bool asSingles) {
   if (axis.variable < 0) return;
-  axis.values = readCoordinate(ncid, header, axis.variable);
+  axis.values = readCoordinate(header, axis.variable);
   if (!asSingles) return;
   for (double& value : axis.values) value = single(value);
 }
 
 }  // namespace
 
-Recognition recognise(int ncid, const SetHeader& header) {
+const Variable& variableOf(const Header& header, const Recognition::Axis& axis) {
+  return header.vars[static_cast<std::size_t>(axis.variable)];
+}
+
+Recognition recognise(const Header& header) {
   fillCatalogue(header);
   identify();
   Recognition found;
@@ -130,18 +133,18 @@ Recognition recognise(int ncid, const SetHeader& header) {
   found.latitude = axis(header, ncf.lat_vId, ncf.lat_dId);
   if (ncf.has_time == 1) found.time = axis(header, ncf.time_vId, ncf.time_dId);
   if (ncf.has_level == 1) found.vertical = axis(header, ncf.level_vId, ncf.level_dId);
-  found.cellsI = within(ncf.icell_dId, header.dimensions.size());
-  found.cellsJ = within(ncf.jcell_dId, header.dimensions.size());
-  found.cellList = within(ncf.ncell_dId, header.dimensions.size());
+  found.cellsI = within(ncf.icell_dId, header.dims.size());
+  found.cellsJ = within(ncf.jcell_dId, header.dims.size());
+  found.cellList = within(ncf.ncell_dId, header.dims.size());
   if (KelvaneMain::BuildDrawItems() > 0) {
     for (const KelvaneMain::DrawItem& item : KelvaneMain::DrawItems) {
       found.items.push_back(item.variable - 1);
     }
   }
-  readValues(ncid, header, found.longitude, true);
-  readValues(ncid, header, found.latitude, true);
-  readValues(ncid, header, found.time, false);
-  readValues(ncid, header, found.vertical, false);
+  readValues(header, found.longitude, true);
+  readValues(header, found.latitude, true);
+  readValues(header, found.time, false);
+  readValues(header, found.vertical, false);
   return found;
 }
 

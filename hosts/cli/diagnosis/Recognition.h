@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "diagnosis/SetHeader.h"
+#include "diagnosis/headerFacts.h"
 
 namespace cli::diagnosis {
 
@@ -24,10 +24,13 @@ struct Recognition {
   bool isRegular() const { return longitude.dimension >= 0 && latitude.dimension >= 0; }
 };
 
+// The variable of an axis that was found.
+const Variable& variableOf(const Header& header, const Recognition::Axis& axis);
+
 // Runs the control's own identification over the header. What a missing longitude, latitude or
 // cell axis would have kept it from looking for is looked for all the same. The values of the
 // axes are read from the open data set. Overwrites the control's catalogue.
-Recognition recognise(int ncid, const SetHeader& header);
+Recognition recognise(const Header& header);
 
 // Longitudes as the control holds them: rising across the date line.
 std::vector<double> unwrapped(std::vector<double> longitudes);

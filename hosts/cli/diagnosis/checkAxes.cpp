@@ -15,20 +15,14 @@ namespace {
 using ocxStrings::hasPrefix;
 using util::generalText;
 
-std::size_t lengthOf(const SetHeader& header, int dimension) {
-  return header.dimensions[static_cast<std::size_t>(dimension)].length;
+std::size_t lengthOf(const Header& header, int dimension) {
+  return dimensionOf(header, dimension).length;
 }
-const std::string& nameOf(const SetHeader& header, int dimension) {
-  return header.dimensions[static_cast<std::size_t>(dimension)].name;
-}
-const SetHeader::Variable& variableOf(const SetHeader& header, const Recognition::Axis& axis) {
-  return header.variables[static_cast<std::size_t>(axis.variable)];
+const std::string& nameOf(const Header& header, int dimension) {
+  return dimensionOf(header, dimension).name;
 }
 
-std::string unitsOf(const SetHeader::Variable& variable) {
-  const SetHeader::Attribute* units = variable.keyword("UNIT");
-  return units == nullptr ? std::string() : units->text;
-}
+std::string unitsOf(const Variable& variable) { return keywordText(variable, "UNIT"); }
 
 // The words for one of the two horizontal axes.
 struct Horizontal {
@@ -39,18 +33,18 @@ constexpr Horizontal kLongitude = {"longitude", "A longitude is found", "LON",
 constexpr Horizontal kLatitude = {"latitude", "A latitude is found", "LAT",
                                   "latitude", "degrees_north",       "Y"};
 
-bool looksLike(const SetHeader::Variable& variable, const Horizontal& words) {
+bool looksLike(const Variable& variable, const Horizontal& words) {
   return hasPrefix(variable.name, words.keyword) ||
-         variable.attribute("standard_name") == words.standardName ||
-         variable.attribute("axis") == words.axis;
+         textOf(variable.attributes, "standard_name") == words.standardName ||
+         textOf(variable.attributes, "axis") == words.axis;
 }
 
-Evidence whyNotFound(const SetHeader& header, const Horizontal& words) {
-  for (const SetHeader::Variable& variable : header.variables) {
+Evidence whyNotFound(const Header& header, const Horizontal& words) {
+  for (const Variable& variable : header.vars) {
     if (!looksLike(variable, words)) continue;
     const std::string units = unitsOf(variable);
     const std::string said =
-        variable.keyword("UNIT") == nullptr ? "has no units" : "has the units " + quoted(units);
+        keyword(variable, "UNIT") == nullptr ? "has no units" : "has the units " + quoted(units);
     const bool named = hasPrefix(variable.name, words.keyword);
     return {quoted(variable.name) + " " + said + ", where " + (named ? "degrees are" : "it takes") +
                 (named ? " wanted, as in " : " ") + quoted(words.units),
@@ -60,32 +54,31 @@ Evidence whyNotFound(const SetHeader& header, const Horizontal& words) {
           "", "", "variable"};
 }
 
-Check checkHorizontal(const SetHeader& header, const Recognition::Axis& axis,
+Check checkHorizontal(const Header& header, const Recognition::Axis& axis,
                       const Horizontal& words) {
   if (axis.variable < 0) {
     return checked(words.rule, words.title, Stage::Opening, whyNotFound(header, words), {});
   }
-  const SetHeader::Variable& variable = variableOf(header, axis);
+  const Variable& variable = variableOf(header, axis);
   const std::string units = unitsOf(variable);
   return checked(words.rule, words.title, Stage::Opening, std::nullopt,
-                 {quoted(variable.name) + header.shapeOf(variable) + ", units " + quoted(units),
+                 {quoted(variable.name) + shapeOf(header, variable) + ", units " + quoted(units),
                   variable.name, units, "variable"});
 }
 
-Check checkGrid(const SetHeader& header, const Recognition& found) {
+Check checkGrid(const Header& header, const Recognition& found) {
   constexpr const char* rule = "regular-grid";
   constexpr const char* title = "Longitude and latitude are axes, each on a dimension of its name";
   if (found.longitude.variable < 0 || found.latitude.variable < 0) {
     return unreached(rule, title, Stage::Section);
   }
   const bool latitudeToo = found.longitude.dimension >= 0;
-  const SetHeader::Variable& odd =
-      variableOf(header, latitudeToo ? found.latitude : found.longitude);
+  const Variable& odd = variableOf(header, latitudeToo ? found.latitude : found.longitude);
   std::optional<Evidence> against;
   if (!found.isRegular()) {
-    against = Evidence{quoted(odd.name) + " lies on " + header.shapeOf(odd) +
+    against = Evidence{quoted(odd.name) + " lies on " + shapeOf(header, odd) +
                            ": the grid is one of cells, where no section can be built",
-                       odd.name, header.shapeOf(odd), "variable"};
+                       odd.name, shapeOf(header, odd), "variable"};
   }
   return checked(rule, title, Stage::Section, against,
                  {quoted(variableOf(header, found.longitude).name) + " and " +
@@ -94,7 +87,7 @@ Check checkGrid(const SetHeader& header, const Recognition& found) {
 }
 
 // Without axes of longitude and latitude the dimensions must count cells.
-Check checkCells(const SetHeader& header, const Recognition& found) {
+Check checkCells(const Header& header, const Recognition& found) {
   std::optional<Evidence> against;
   if (found.cellList < 0 && found.cellsI < 0) {
     against =
@@ -119,46 +112,47 @@ Check checkCells(const SetHeader& header, const Recognition& found) {
 const char* const kVerticalTitle =
     "A vertical axis is found: one dimension, named level, sigma, z, layer or depth (or begins so)";
 
-bool isVerticalByUse(const SetHeader::Variable& variable) {
-  return variable.dimensions.size() == 1 &&
-         (variable.attribute("axis") == "Z" || !variable.attribute("positive").empty() ||
-          hasPrefix(variable.name, "LEV") || hasPrefix(variable.name, "PLEV") ||
-          hasPrefix(variable.name, "PRES") || hasPrefix(variable.name, "S_RHO"));
+bool isVerticalByUse(const Variable& variable) {
+  return variable.dims.size() == 1 &&
+         (textOf(variable.attributes, "axis") == "Z" ||
+          !textOf(variable.attributes, "positive").empty() || hasPrefix(variable.name, "LEV") ||
+          hasPrefix(variable.name, "PLEV") || hasPrefix(variable.name, "PRES") ||
+          hasPrefix(variable.name, "S_RHO"));
 }
 
-bool isVerticalByName(const SetHeader::Variable& variable) {
+bool isVerticalByName(const Variable& variable) {
   const auto named = [&](const char* keyword) { return hasPrefix(variable.name, keyword); };
   return named("LEVEL") || named("SIGMA") || named("Z") || named("LAYER") || named("DEPTH");
 }
 
-Evidence whyNoVertical(const SetHeader& header) {
-  const auto& variables = header.variables;
+Evidence whyNoVertical(const Header& header) {
+  const auto& variables = header.vars;
   if (const auto use = std::ranges::find_if(variables, isVerticalByUse); use != variables.end()) {
     return {quoted(use->name) + " is a vertical axis by its attributes or use, but not by its name",
             use->name, use->name, "variable"};
   }
   if (const auto name = std::ranges::find_if(variables, isVerticalByName);
       name != variables.end()) {
-    return {quoted(name->name) + " lies on " + header.shapeOf(*name) +
+    return {quoted(name->name) + " lies on " + shapeOf(header, *name) +
                 ", where one dimension is wanted",
-            name->name, header.shapeOf(*name), "variable"};
+            name->name, shapeOf(header, *name), "variable"};
   }
   return {"no vertical axis: no variable of one dimension has such a name", "", "", "variable"};
 }
 
-Check checkVertical(const SetHeader& header, const Recognition& found) {
+Check checkVertical(const Header& header, const Recognition& found) {
   if (found.vertical.variable < 0) {
     return checked("vertical", kVerticalTitle, Stage::Opening, whyNoVertical(header), {});
   }
-  const SetHeader::Variable& variable = variableOf(header, found.vertical);
+  const Variable& variable = variableOf(header, found.vertical);
   const std::size_t levels = lengthOf(header, found.vertical.dimension);
   return checked(
       "vertical", kVerticalTitle, Stage::Opening, std::nullopt,
-      {quoted(variable.name) + header.shapeOf(variable) + ", " + counted(levels, "level"),
+      {quoted(variable.name) + shapeOf(header, variable) + ", " + counted(levels, "level"),
        variable.name, std::to_string(levels), "variable"});
 }
 
-Check checkItems(const SetHeader& header, const Recognition& found) {
+Check checkItems(const Header& header, const Recognition& found) {
   constexpr const char* rule = "items";
   constexpr const char* title = "A variable has three dimensions or more, one of them the vertical";
   if (found.vertical.variable < 0) return unreached(rule, title, Stage::Opening);
@@ -176,10 +170,10 @@ Check checkItems(const SetHeader& header, const Recognition& found) {
 bool isAxisType(int type) { return type >= NC_SHORT && type <= NC_DOUBLE; }
 
 // The types of the values of the time and the vertical axis; an empty axis is not read.
-void checkAxisType(const SetHeader& header, const Recognition::Axis& axis, const char* rule,
+void checkAxisType(const Header& header, const Recognition::Axis& axis, const char* rule,
                    const char* title, std::vector<Check>& checks) {
   if (axis.variable < 0 || lengthOf(header, axis.dimension) < 1) return;
-  const SetHeader::Variable& variable = variableOf(header, axis);
+  const Variable& variable = variableOf(header, axis);
   const std::string type = typeName(variable.type);
   std::optional<Evidence> against;
   if (!isAxisType(variable.type)) {
@@ -192,9 +186,9 @@ void checkAxisType(const SetHeader& header, const Recognition::Axis& axis, const
 }
 
 // The dates of the first and the last step are made at the opening.
-void checkDates(const SetHeader& header, const Recognition& found, std::vector<Check>& checks) {
+void checkDates(const Header& header, const Recognition& found, std::vector<Check>& checks) {
   if (found.time.variable < 0 || found.time.values.empty()) return;
-  const SetHeader::Variable& variable = variableOf(header, found.time);
+  const Variable& variable = variableOf(header, found.time);
   if (!isAxisType(variable.type)) return;
   const TimeUnits units = timeUnitsOf(unitsOf(variable));
   if (!units.countsDates()) return;
@@ -213,8 +207,8 @@ void checkDates(const SetHeader& header, const Recognition& found, std::vector<C
                variable.name, "", "variable"}));
 }
 
-Check checkCoordinateType(const SetHeader& header, const Recognition& found) {
-  const SetHeader::Variable& variable = variableOf(header, found.longitude);
+Check checkCoordinateType(const Header& header, const Recognition& found) {
+  const Variable& variable = variableOf(header, found.longitude);
   const std::string type = typeName(variable.type);
   std::optional<Evidence> against;
   const Evidence said{quoted(variable.name) + " is of type " + type, variable.name, type,
@@ -225,7 +219,7 @@ Check checkCoordinateType(const SetHeader& header, const Recognition& found) {
 }
 
 // A coordinate has as many values as its grid has places.
-Check checkShapes(const SetHeader& header, const Recognition& found) {
+Check checkShapes(const Header& header, const Recognition& found) {
   double places[2] = {0, 0};
   if (found.isRegular()) {
     places[0] = static_cast<double>(lengthOf(header, found.longitude.dimension));
@@ -239,10 +233,10 @@ Check checkShapes(const SetHeader& header, const Recognition& found) {
   std::optional<Evidence> against;
   int at = 0;
   for (const Recognition::Axis* axis : {&found.longitude, &found.latitude}) {
-    const SetHeader::Variable& variable = variableOf(header, *axis);
-    const double count = header.elementsOf(variable), wanted = places[at++];
+    const Variable& variable = variableOf(header, *axis);
+    const double count = elementsOf(header, variable), wanted = places[at++];
     if (against || (count == wanted && wanted >= 1)) continue;
-    against = Evidence{quoted(variable.name) + header.shapeOf(variable) + " has " +
+    against = Evidence{quoted(variable.name) + shapeOf(header, variable) + " has " +
                            generalText(count) + " values, the grid " + generalText(wanted),
                        variable.name, generalText(count), "variable"};
   }
@@ -252,7 +246,7 @@ Check checkShapes(const SetHeader& header, const Recognition& found) {
 }
 
 // The mean spacing divides by the count less one.
-void checkSpacings(const SetHeader& header, const Recognition& found, std::vector<Check>& checks) {
+void checkSpacings(const Header& header, const Recognition& found, std::vector<Check>& checks) {
   if (!found.isRegular()) return;
   std::optional<Evidence> against;
   for (const Recognition::Axis* axis : {&found.longitude, &found.latitude}) {
@@ -266,7 +260,7 @@ void checkSpacings(const SetHeader& header, const Recognition& found, std::vecto
 
 }  // namespace
 
-void checkAxes(const SetHeader& header, const Recognition& found, std::vector<Check>& checks) {
+void checkAxes(const Header& header, const Recognition& found, std::vector<Check>& checks) {
   const bool placed = found.longitude.variable >= 0 && found.latitude.variable >= 0;
   checks.push_back(checkHorizontal(header, found.longitude, kLongitude));
   checks.push_back(checkHorizontal(header, found.latitude, kLatitude));

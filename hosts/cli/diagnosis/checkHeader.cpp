@@ -10,8 +10,6 @@ namespace cli::diagnosis {
 namespace {
 
 constexpr std::size_t kNames = ocxNetNc::kNameLimit;
-constexpr std::size_t kDimensions = ocxNetNc::kDimensionLimit;
-constexpr std::size_t kAttributes = ocxNetNc::kAttributeLimit;
 
 // The things that break a rule: the first is told whole, of the others how many they are.
 class Offenders {
@@ -52,9 +50,9 @@ Check checkNames(const std::string& rule, const std::string& title, const Things
 
 using Named = std::vector<std::pair<std::string, std::string>>;
 
-Check checkLengths(const SetHeader& header) {
+Check checkLengths(const Header& header) {
   Offenders offenders;
-  for (const SetHeader::Dimension& dimension : header.dimensions) {
+  for (const Dimension& dimension : header.dims) {
     if (dimension.length <= static_cast<std::size_t>(INT32_MAX)) continue;
     const std::string length = std::to_string(dimension.length);
     offenders.add({quoted(dimension.name) + " has " + length, dimension.name, length, "dimension"});
@@ -63,46 +61,63 @@ Check checkLengths(const SetHeader& header) {
                  offenders.evidence(), {"all have", "", "", "dimension"});
 }
 
-Check checkRanks(const SetHeader& header) {
+// What a variable has of a kind of things, of which there is room for a few.
+struct Room {
+  const char *rule, *thing;
+  std::size_t most;
+  std::size_t (*countOf)(const Variable& variable);
+  bool withShape;  // tells the variable's dimensions too
+};
+constexpr Room kRoomForDimensions = {"variable-dimensions", "dimension", ocxNetNc::kDimensionLimit,
+                                     [](const Variable& variable) { return variable.dims.size(); },
+                                     true};
+constexpr Room kRoomForAttributes = {
+    "attribute-counts", "attribute", ocxNetNc::kAttributeLimit,
+    [](const Variable& variable) { return variable.attributes.size(); }, false};
+
+Check checkRoom(const Header& header, const Room& room) {
   Offenders offenders;
   std::size_t most = 0;
-  for (const SetHeader::Variable& variable : header.variables) {
-    const std::size_t rank = variable.dimensions.size();
-    most = std::max(most, rank);
-    if (rank <= kDimensions) continue;
-    offenders.add({quoted(variable.name) + " has " + counted(rank, "dimension") + ": " +
-                       header.shapeOf(variable),
-                   variable.name, std::to_string(rank), "variable"});
+  for (const Variable& variable : header.vars) {
+    const std::size_t count = room.countOf(variable);
+    most = std::max(most, count);
+    if (count <= room.most) continue;
+    const std::string shape = room.withShape ? ": " + shapeOf(header, variable) : "";
+    offenders.add({quoted(variable.name) + " has " + counted(count, room.thing) + shape,
+                   variable.name, std::to_string(count), "variable"});
   }
   const std::string number = std::to_string(most);
-  return checked("variable-dimensions", "A variable has 5 dimensions at most", Stage::Opening,
-                 offenders.evidence(), {"the most is " + number, "", number, "variable"});
+  return checked(room.rule, "A variable has " + counted(room.most, room.thing) + " at most",
+                 Stage::Opening, offenders.evidence(),
+                 {"the most is " + number, "", number, "variable"});
 }
 
-Check checkAttributeCounts(const SetHeader& header) {
+// The control counts dimensions from 0 on. Those of groups are counted along with the others, and
+// can come between.
+Check checkDimensionNumbers(const Header& header) {
   Offenders offenders;
-  std::size_t most = 0;
-  for (const SetHeader::Variable& variable : header.variables) {
-    const std::size_t count = variable.attributes.size();
-    most = std::max(most, count);
-    if (count <= kAttributes) continue;
-    offenders.add({quoted(variable.name) + " has " + counted(count, "attribute"), variable.name,
-                   std::to_string(count), "variable"});
+  for (const Variable& variable : header.vars) {
+    for (const int at : variable.dims) {
+      const Dimension& dimension = dimensionOf(header, at);
+      if (static_cast<std::size_t>(dimension.id) < header.dims.size()) continue;
+      offenders.add({quoted(variable.name) + " lies on " + quoted(dimension.name) +
+                         ", which is counted behind dimensions of groups",
+                     dimension.name, std::to_string(dimension.id), "dimension"});
+    }
   }
-  const std::string number = std::to_string(most);
-  return checked("attribute-counts", "A variable has 15 attributes at most", Stage::Opening,
-                 offenders.evidence(), {"the most is " + number, "", number, "variable"});
+  return checked("group-dimensions", "No dimensions of groups come before others", Stage::Opening,
+                 offenders.evidence(), {"none do", "", "", "dimension"});
 }
 
 // The types that the control reads; an address may add containers of type 0 named "DODS".
-bool isReadable(const SetHeader::Attribute& attribute) {
+bool isReadable(const Attribute& attribute) {
   if (attribute.type == NC_NAT) return attribute.name == "DODS";
   return attribute.type >= NC_BYTE && attribute.type <= NC_DOUBLE;
 }
 
-void addUnreadable(const std::vector<SetHeader::Attribute>& attributes, const std::string& owner,
+void addUnreadable(const std::vector<Attribute>& attributes, const std::string& owner,
                    const std::string& place, Offenders& offenders) {
-  for (const SetHeader::Attribute& attribute : attributes) {
+  for (const Attribute& attribute : attributes) {
     if (isReadable(attribute)) continue;
     const std::string type = typeName(attribute.type);
     offenders.add({"attribute " + quoted(attribute.name) + owner + " has the type " + type,
@@ -110,22 +125,22 @@ void addUnreadable(const std::vector<SetHeader::Attribute>& attributes, const st
   }
 }
 
-Check checkAttributeTypes(const SetHeader& header) {
+Check checkAttributeTypes(const Header& header) {
   Offenders offenders;
-  for (const SetHeader::Variable& variable : header.variables) {
+  for (const Variable& variable : header.vars) {
     addUnreadable(variable.attributes, " of " + quoted(variable.name),
                   "attribute of " + quoted(variable.name), offenders);
   }
-  addUnreadable(header.attributes, " of the data set", "attribute of the data set", offenders);
+  addUnreadable(header.globals, " of the data set", "attribute of the data set", offenders);
   return checked("attribute-types",
                  "Attributes are characters, bytes, shorts, ints, floats or doubles",
                  Stage::Opening, offenders.evidence(), {"all are", "", "", "attribute"});
 }
 
 // Identification and dates go by attributes; a server that sends none has lost them.
-Check checkAnyAttribute(const SetHeader& header) {
+Check checkAnyAttribute(const Header& header) {
   bool any = false;
-  for (const SetHeader::Variable& variable : header.variables) any |= !variable.attributes.empty();
+  for (const Variable& variable : header.vars) any |= !variable.attributes.empty();
   std::optional<Evidence> against;
   if (!any) against = Evidence{"no variable has one", "", "0", "variable"};
   return checked("attributes", "Variables have attributes", Stage::Opening, against,
@@ -134,18 +149,18 @@ Check checkAnyAttribute(const SetHeader& header) {
 
 }  // namespace
 
-void checkHeader(const SetHeader& header, bool atAddress, std::vector<Check>& checks) {
+void checkHeader(const Header& header, bool atAddress, std::vector<Check>& checks) {
   Named dimensions, variables, attributes;
-  for (const SetHeader::Dimension& dimension : header.dimensions) {
+  for (const Dimension& dimension : header.dims) {
     dimensions.emplace_back(dimension.name, "");
   }
-  for (const SetHeader::Variable& variable : header.variables) {
+  for (const Variable& variable : header.vars) {
     variables.emplace_back(variable.name, "");
-    for (const SetHeader::Attribute& attribute : variable.attributes) {
+    for (const Attribute& attribute : variable.attributes) {
       attributes.emplace_back(attribute.name, " of " + quoted(variable.name));
     }
   }
-  for (const SetHeader::Attribute& attribute : header.attributes) {
+  for (const Attribute& attribute : header.globals) {
     attributes.emplace_back(attribute.name, " of the data set");
   }
   checks.push_back(checkNames("dimension-names", "Names of dimensions have 45 bytes at most",
@@ -153,12 +168,14 @@ void checkHeader(const SetHeader& header, bool atAddress, std::vector<Check>& ch
   checks.push_back(checkLengths(header));
   checks.push_back(checkNames("variable-names", "Names of variables have 45 bytes at most",
                               variables, "variable"));
-  checks.push_back(checkRanks(header));
-  checks.push_back(checkAttributeCounts(header));
+  checks.push_back(checkRoom(header, kRoomForDimensions));
+  const Check numbers = checkDimensionNumbers(header);
+  if (!header.groups.empty() || numbers.state == State::Failed) checks.push_back(numbers);
+  checks.push_back(checkRoom(header, kRoomForAttributes));
   checks.push_back(checkNames("attribute-names", "Names of attributes have 45 bytes at most",
                               attributes, "attribute"));
   checks.push_back(checkAttributeTypes(header));
-  if (!atAddress || header.variables.empty()) return;
+  if (!atAddress || header.vars.empty()) return;
   const Check any = checkAnyAttribute(header);
   if (any.state == State::Failed) checks.push_back(any);
 }

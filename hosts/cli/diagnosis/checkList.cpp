@@ -23,13 +23,13 @@ Check unreached(const std::string& rule, const std::string& title, Stage stage) 
 }
 
 void warn(std::vector<Warning>& warnings, const std::string& kind, const std::string& name,
-          const std::string& text) {
+          const std::string& text, Cure cure) {
   for (Warning& warning : warnings) {
     if (warning.kind != kind || warning.text != text) continue;
     warning.names.push_back(name);
     return;
   }
-  warnings.push_back({kind, {}, text});
+  warnings.push_back({kind, {}, text, cure == Cure::Copy});
   if (!name.empty()) warnings.back().names.push_back(name);
 }
 

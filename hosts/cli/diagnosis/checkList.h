@@ -6,7 +6,7 @@
 
 #include "diagnosis/Diagnosis.h"
 #include "diagnosis/Recognition.h"
-#include "diagnosis/SetHeader.h"
+#include "diagnosis/headerFacts.h"
 
 // The checks, a file for each part of the control's way through a data set.
 namespace cli::diagnosis {
@@ -24,28 +24,31 @@ Check checked(const std::string& rule, const std::string& title, Stage stage,
 Check unreached(const std::string& rule, const std::string& title, Stage stage);
 
 // The limits of the catalogue: names, dimensions, attributes.
-void checkHeader(const SetHeader& header, bool atAddress, std::vector<Check>& checks);
+void checkHeader(const Header& header, bool atAddress, std::vector<Check>& checks);
 // Longitude, latitude, grid, time and vertical axis, items, and what their values must be.
-void checkAxes(const SetHeader& header, const Recognition& found, std::vector<Check>& checks);
+void checkAxes(const Header& header, const Recognition& found, std::vector<Check>& checks);
 // What keeps a data set that opens from being drawn: the direction of the axes, the time axis, the
 // levels, and an item that can be read.
-void checkSections(const SetHeader& header, const Recognition& found,
+void checkSections(const Header& header, const Recognition& found,
                    const std::vector<VariableFinding>& variables, std::vector<Check>& checks);
 
 // Every variable: whether it can be drawn, and if not why.
-std::vector<VariableFinding> judgeVariables(const SetHeader& header, const Recognition& found);
+std::vector<VariableFinding> judgeVariables(const Header& header, const Recognition& found);
+
+// What helps against what a warning says.
+enum class Cure { None, Copy };
 
 // Adds a warning, or its name to one that says the same.
 void warn(std::vector<Warning>& warnings, const std::string& kind, const std::string& name,
-          const std::string& text);
+          const std::string& text, Cure cure = Cure::None);
 
 // What the control takes differently than one might think.
-void warnOfSet(const SetHeader& header, const Recognition& found, std::vector<Warning>& warnings);
-void warnOfTime(const SetHeader& header, const Recognition& found, std::vector<Warning>& warnings);
-void warnOfLevels(const SetHeader& header, const Recognition& found,
-                  std::vector<Warning>& warnings);
-void warnOfGrid(const SetHeader& header, const Recognition& found, std::vector<Warning>& warnings);
-void warnOfValues(const SetHeader& header, const std::vector<VariableFinding>& variables,
-                  std::vector<Warning>& warnings);
+void warnOfSet(const Header& header, const Recognition& found, std::vector<Warning>& warnings);
+void warnOfTime(const Header& header, const Recognition& found, std::vector<Warning>& warnings);
+void warnOfLevels(const Header& header, const Recognition& found, std::vector<Warning>& warnings);
+void warnOfGrid(const Header& header, const Recognition& found, std::vector<Warning>& warnings);
+// Values are looked at in files only.
+void warnOfValues(const Header& header, bool atAddress,
+                  const std::vector<VariableFinding>& variables, std::vector<Warning>& warnings);
 
 }  // namespace cli::diagnosis

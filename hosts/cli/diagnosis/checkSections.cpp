@@ -9,16 +9,12 @@ namespace {
 
 using util::generalText;
 
-const SetHeader::Variable& variableOf(const SetHeader& header, const Recognition::Axis& axis) {
-  return header.variables[static_cast<std::size_t>(axis.variable)];
-}
-
 std::string spanText(const std::vector<double>& values) {
   return generalText(static_cast<float>(values.front())) + " to " +
          generalText(static_cast<float>(values.back()));
 }
 
-Check checkDirection(const SetHeader& header, const Recognition::Axis& axis, const char* rule,
+Check checkDirection(const Header& header, const Recognition::Axis& axis, const char* rule,
                      const char* title, const char* wrongWay, const char* spacing) {
   if (axis.dimension < 0 || axis.values.size() < 2) return unreached(rule, title, Stage::Section);
   const std::string& name = variableOf(header, axis).name;
@@ -37,12 +33,11 @@ Check checkDirection(const SetHeader& header, const Recognition::Axis& axis, con
                   generalText(static_cast<float>(mean)), "values of the variable"});
 }
 
-Check checkTime(const SetHeader& header, const Recognition& found) {
+Check checkTime(const Header& header, const Recognition& found) {
   constexpr const char* title = "A time axis is found: one dimension, named time (or begins so)";
   if (found.time.variable >= 0) {
-    const SetHeader::Variable& variable = variableOf(header, found.time);
-    const std::size_t steps =
-        header.dimensions[static_cast<std::size_t>(found.time.dimension)].length;
+    const Variable& variable = variableOf(header, found.time);
+    const std::size_t steps = dimensionOf(header, found.time.dimension).length;
     std::optional<Evidence> against;
     if (steps < 1) {
       against =
@@ -50,18 +45,18 @@ Check checkTime(const SetHeader& header, const Recognition& found) {
     }
     return checked(
         "time", title, Stage::Values, against,
-        {quoted(variable.name) + header.shapeOf(variable) + ", " + counted(steps, "step"),
+        {quoted(variable.name) + shapeOf(header, variable) + ", " + counted(steps, "step"),
          variable.name, std::to_string(steps), "variable"});
   }
-  for (const SetHeader::Variable& variable : header.variables) {
-    const bool standard = variable.attribute("standard_name") == "time";
-    if (!standard && variable.attribute("axis") != "T") continue;
-    const bool oneDimension = variable.dimensions.size() == 1;
+  for (const Variable& variable : header.vars) {
+    const bool standard = textOf(variable.attributes, "standard_name") == "time";
+    if (!standard && textOf(variable.attributes, "axis") != "T") continue;
+    const bool oneDimension = variable.dims.size() == 1;
     return checked(
         "time", title, Stage::Values,
         Evidence{quoted(variable.name) +
                      (oneDimension ? " is the time axis by its attributes, but not by its name"
-                                   : " lies on " + header.shapeOf(variable) +
+                                   : " lies on " + shapeOf(header, variable) +
                                          ", where one dimension is wanted"),
                  variable.name, "", "variable"},
         {});
@@ -74,11 +69,10 @@ Check checkTime(const SetHeader& header, const Recognition& found) {
       {});
 }
 
-Check checkLevels(const SetHeader& header, const Recognition& found) {
+Check checkLevels(const Header& header, const Recognition& found) {
   constexpr const char* title = "There is a level";
   if (found.vertical.variable < 0) return unreached("levels", title, Stage::Values);
-  const std::size_t levels =
-      header.dimensions[static_cast<std::size_t>(found.vertical.dimension)].length;
+  const std::size_t levels = dimensionOf(header, found.vertical.dimension).length;
   const std::string& name = variableOf(header, found.vertical).name;
   std::optional<Evidence> against;
   if (levels < 1) against = Evidence{quoted(name) + " has none", name, "0", "dimension"};
@@ -107,7 +101,7 @@ Check checkReadable(const Recognition& found, const std::vector<VariableFinding>
 }
 
 // The plot is as high as the last level is deep.
-Check checkDeepest(const SetHeader& header, const Recognition& found) {
+Check checkDeepest(const Header& header, const Recognition& found) {
   constexpr const char* rule = "deepest-level";
   constexpr const char* title = "The last level, taken for the deepest, is not at 0";
   const std::vector<double>& levels = found.vertical.values;
@@ -128,7 +122,7 @@ Check checkDeepest(const SetHeader& header, const Recognition& found) {
 
 }  // namespace
 
-void checkSections(const SetHeader& header, const Recognition& found,
+void checkSections(const Header& header, const Recognition& found,
                    const std::vector<VariableFinding>& variables, std::vector<Check>& checks) {
   checks.push_back(checkDirection(header, found.longitude, "longitude-direction",
                                   "Longitudes run from west to east", "runs east to west", "dlon"));

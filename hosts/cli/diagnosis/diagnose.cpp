@@ -36,16 +36,15 @@ class KeptCatalogue {
 
 constexpr const char* kOpenTitle = "The data set is there and can be read";
 
-void addChecks(const SetHeader& header, const Recognition& found, Diagnosis& diagnosis) {
+void addChecks(const Header& header, const Recognition& found, Diagnosis& diagnosis) {
   std::vector<Check>& checks = diagnosis.checks;
   // The library makes every data set at an address look like a classic file.
   const bool atAddress = ocxNetNc::isAddress(ncf.NcFileName);
   diagnosis.format = atAddress ? "OPeNDAP" : formatName(header.format);
-  checks.push_back(
-      checked("readable", kOpenTitle, Stage::Opening, std::nullopt,
-              {diagnosis.format + ", " + counted(header.dimensions.size(), "dimension") + ", " +
-                   counted(header.variables.size(), "variable"),
-               "", diagnosis.format, "data set"}));
+  checks.push_back(checked("readable", kOpenTitle, Stage::Opening, std::nullopt,
+                           {diagnosis.format + ", " + counted(header.dims.size(), "dimension") +
+                                ", " + counted(header.vars.size(), "variable"),
+                            "", diagnosis.format, "data set"}));
   checkHeader(header, atAddress, checks);
   checkAxes(header, found, checks);
   diagnosis.variables = judgeVariables(header, found);
@@ -54,7 +53,7 @@ void addChecks(const SetHeader& header, const Recognition& found, Diagnosis& dia
   warnOfTime(header, found, diagnosis.warnings);
   warnOfLevels(header, found, diagnosis.warnings);
   warnOfGrid(header, found, diagnosis.warnings);
-  warnOfValues(header, diagnosis.variables, diagnosis.warnings);
+  warnOfValues(header, atAddress, diagnosis.variables, diagnosis.warnings);
 }
 
 // What the control itself makes of the data set.
@@ -135,7 +134,7 @@ Examination examine(const std::string& dataSet) {
   Examination result;
   result.facts = listDataSet(control, dataSet);
   const std::string& failure = result.facts.failure;
-  SetHeader header;
+  Header header;
   Recognition found;
   {
     const KeptCatalogue kept;
@@ -145,18 +144,18 @@ Examination examine(const std::string& dataSet) {
       return result;
     }
     try {
-      header = readHeader(ncf.NcId);
+      header = readShownHeader(ncf.NcId);
     } catch (const Failure& refusal) {
       result.diagnosis = unreadable(failure.empty() ? refusal.what() : failure);
       return result;
     }
-    found = recognise(ncf.NcId, header);
+    found = recognise(header);
     addChecks(header, found, result.diagnosis);
   }
   addTrial(result.facts, control, desktop, result.diagnosis);
   judgeInTheEnd(result.diagnosis);
   result.diagnosis.summary = summaryOf(result.diagnosis);
-  findRemedy(dataSet, found, result.diagnosis);
+  findRemedy(dataSet, header, found, result.diagnosis);
   return result;
 }
 

@@ -23,14 +23,13 @@ std::string roleOf(const Recognition& found, int variable) {
   return {};
 }
 
-std::string nameOf(const SetHeader& header, int dimension) {
-  return quoted(header.dimensions[static_cast<std::size_t>(dimension)].name);
+std::string nameOf(const Header& header, int dimension) {
+  return quoted(dimensionOf(header, dimension).name);
 }
 
 // Why the control does not offer a variable; empty when it does.
-std::string whyNotListed(const SetHeader& header, const Recognition& found,
-                         const SetHeader::Variable& variable) {
-  const std::size_t rank = variable.dimensions.size();
+std::string whyNotListed(const Header& header, const Recognition& found, const Variable& variable) {
+  const std::size_t rank = variable.dims.size();
   if (rank > ocxNetNc::kDimensionLimit) {
     return "it has " + std::to_string(rank) + " dimensions, where 5 are the most";
   }
@@ -39,7 +38,7 @@ std::string whyNotListed(const SetHeader& header, const Recognition& found,
     return "it has " + has + ", where three or more are wanted";
   }
   if (found.vertical.variable < 0) return "the data set has no vertical axis";
-  if (!variable.has(found.vertical.dimension)) {
+  if (!has(variable, found.vertical.dimension)) {
     return "it has no level: " + nameOf(header, found.vertical.dimension) +
            " is not among its dimensions";
   }
@@ -53,10 +52,9 @@ bool endsHorizontally(const Recognition& found, const std::vector<int>& dimensio
 }
 
 // Why no section of an item can be read; empty when it can.
-std::string whyNotRead(const SetHeader& header, const Recognition& found,
-                       const SetHeader::Variable& variable) {
+std::string whyNotRead(const Header& header, const Recognition& found, const Variable& variable) {
   if (!found.isRegular()) return "longitude and latitude are no axes";
-  if (!endsHorizontally(found, variable.dimensions)) {
+  if (!endsHorizontally(found, variable.dims)) {
     return "its last two dimensions are not " + nameOf(header, found.latitude.dimension) + " and " +
            nameOf(header, found.longitude.dimension);
   }
@@ -65,12 +63,12 @@ std::string whyNotRead(const SetHeader& header, const Recognition& found,
     return "the vertical axis lies on " + nameOf(header, level) + ", which is horizontal";
   }
   if (found.time.variable < 0) return "the data set has no time axis";
-  if (!variable.has(found.time.dimension)) {
+  if (!has(variable, found.time.dimension)) {
     return "it has no time: " + nameOf(header, found.time.dimension) +
            " is not among its dimensions";
   }
-  for (const int dimension : variable.dimensions) {
-    if (header.dimensions[static_cast<std::size_t>(dimension)].length == 0) {
+  for (const int dimension : variable.dims) {
+    if (dimensionOf(header, dimension).length == 0) {
       return nameOf(header, dimension) + " has no value yet";
     }
   }
@@ -82,19 +80,17 @@ std::string whyNotRead(const SetHeader& header, const Recognition& found,
 
 }  // namespace
 
-std::vector<VariableFinding> judgeVariables(const SetHeader& header, const Recognition& found) {
+std::vector<VariableFinding> judgeVariables(const Header& header, const Recognition& found) {
   std::vector<VariableFinding> findings;
-  for (std::size_t number = 0; number < header.variables.size(); ++number) {
-    const SetHeader::Variable& variable = header.variables[number];
+  for (std::size_t number = 0; number < header.vars.size(); ++number) {
+    const Variable& variable = header.vars[number];
     VariableFinding finding;
     finding.name = variable.name;
     finding.type = typeName(variable.type);
-    for (const int dimension : variable.dimensions) {
-      finding.dimensions.push_back(header.dimensions[static_cast<std::size_t>(dimension)].name);
+    for (const int dimension : variable.dims) {
+      finding.dimensions.push_back(dimensionOf(header, dimension).name);
     }
-    if (const SetHeader::Attribute* units = variable.keyword("UNIT")) {
-      finding.units = ocxStrings::trim(units->text);
-    }
+    finding.units = ocxStrings::trim(keywordText(variable, "UNIT"));
     const int id = static_cast<int>(number);
     finding.listed = std::ranges::find(found.items, id) != found.items.end();
     finding.role = roleOf(found, id);

@@ -13,17 +13,6 @@
 namespace cli::diagnosis {
 namespace {
 
-// Warnings of what a fitted copy does not have any more, of those that make a picture wrong.
-constexpr const char* kWrongPictures[] = {
-    "levels-upward",       "levels-unsorted",   "negative-levels", "positive-up",
-    "pressure-levels",     "uneven-spacing",    "zero-fill",       "mixed-order",
-    "two-missing-values",  "unknown-time-unit", "unread-origin",   "unsigned-values",
-    "longitudes-backward", "attribute-prefix",  "month-axis"};
-
-bool isWrong(const Warning& warning) {
-  return std::ranges::find(kWrongPictures, warning.kind) != std::end(kWrongPictures);
-}
-
 // A number that keeps what a path or a grid needs of it.
 std::string shortNumber(double value, double spacing) {
   double unit = 1;
@@ -89,31 +78,54 @@ bool grant(const std::string& refusal, fit::Request& request, std::string& optio
   return true;
 }
 
-// Plans a copy, with the options that the planning asks for. Sets the command, or the reason why
-// there can be no copy.
-void planCopy(const std::string& dataSet, const std::string& shown, const std::string& grid,
-              Diagnosis& diagnosis) {
-  fit::Request request;
+// A copy that can be made, or the reason why there is none.
+struct Copy {
   std::string options;
-  if (!grid.empty()) grant("--grid " + grid, request, options);
+  std::string refusal;
+  bool changes = false;  // it would not be the same as the data set
+};
+
+// Plans a copy of a group (all that is outside of groups, when empty), with the options that the
+// planning asks for.
+Copy planCopy(const std::string& dataSet, const std::string& group, const std::string& grid) {
+  fit::Request request;
+  request.group = group;
+  Copy copy;
+  if (!group.empty()) copy.options = " --group " + shellWord(group);
+  if (!grid.empty()) grant("--grid " + grid, request, copy.options);
   for (;;) {
     try {
-      const fit::NetcdfInput input(dataSet);
-      fit::makePlan(input, request);
-      diagnosis.command =
-          "kelvane fit " + shellWord(shown) + " " + shellWord(copyName(shown)) + options;
-      return;
+      const fit::NetcdfInput input(dataSet, group);
+      copy.changes = !fit::makePlan(input, request).changes.empty();
+      return copy;
     } catch (const Failure& refusal) {
-      if (grant(refusal.what(), request, options)) continue;
-      diagnosis.advice = std::string("No command helps: ") + refusal.what();
-      return;
+      if (grant(refusal.what(), request, copy.options)) continue;
+      copy.refusal = refusal.what();
+      return copy;
     }
   }
 }
 
+// Of what is outside of groups, or else of the first group that a copy can be made of.
+Copy planAnyCopy(const std::string& dataSet, const std::string& grid,
+                 const std::vector<Group>& groups) {
+  constexpr std::size_t mostGroups = 16;
+  Copy first = planCopy(dataSet, "", grid);
+  if (first.refusal.empty()) return first;
+  for (std::size_t at = 0; at < groups.size() && at < mostGroups; ++at) {
+    Copy copy = planCopy(dataSet, groups[at].path, "");
+    if (copy.refusal.empty()) return copy;
+  }
+  return first;
+}
+
+bool isWarned(const std::vector<Warning>& warnings, const std::string& kind) {
+  return std::ranges::find(warnings, kind, &Warning::kind) != warnings.end();
+}
+
 // The grid that an unevenly spaced one is to be put on; empty for an even one.
 std::string evenGrid(const Recognition& found, const std::vector<Warning>& warnings) {
-  if (std::ranges::find(warnings, "uneven-spacing", &Warning::kind) == warnings.end()) return {};
+  if (!isWarned(warnings, "uneven-spacing")) return {};
   if (found.longitude.values.size() < 2 || found.latitude.values.size() < 2) return {};
   std::string grid;
   for (const auto& values : {unwrapped(found.longitude.values), found.latitude.values}) {
@@ -136,17 +148,23 @@ std::string shellWord(const std::string& word) {
   return quotedWord + "'";
 }
 
-void findRemedy(const std::string& dataSet, const Recognition& found, Diagnosis& diagnosis) {
+void findRemedy(const std::string& dataSet, const Header& header, const Recognition& found,
+                Diagnosis& diagnosis) {
   const std::string shown = ocxNetNc::withoutCredentials(dataSet);
   const bool drawable = diagnosis.verdict == Verdict::Drawable;
-  if (!drawable || std::ranges::any_of(diagnosis.warnings, isWrong)) {
-    planCopy(dataSet, shown, evenGrid(found, diagnosis.warnings), diagnosis);
-    if (!diagnosis.command.empty()) {
-      diagnosis.advice = drawable
-                             ? "A fitted copy has none of what the warnings say is drawn wrongly:"
-                             : "A copy that the control can draw is made by:";
+  if (!drawable || std::ranges::any_of(diagnosis.warnings, &Warning::mended)) {
+    const Copy copy = planAnyCopy(dataSet, evenGrid(found, diagnosis.warnings), header.groups);
+    // What is lost to fill values is found while a copy is written.
+    const bool lost = isWarned(diagnosis.warnings, "near-fill");
+    if (copy.refusal.empty() && (!drawable || copy.changes || lost)) {
+      diagnosis.command =
+          "kelvane fit " + shellWord(shown) + " " + shellWord(copyName(shown)) + copy.options;
+      diagnosis.advice =
+          drawable ? "It can be drawn as it is. A fitted copy mends what is drawn wrongly:"
+                   : "A copy that the control can draw is made by:";
       return;
     }
+    if (!drawable) diagnosis.advice = "No command helps: " + copy.refusal;
   }
   if (!drawable) return;
   diagnosis.command = drawCommand(shown, found, diagnosis);

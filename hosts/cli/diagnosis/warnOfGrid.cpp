@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "diagnosis/checkList.h"
+#include "nameList.h"
 #include "util/numberText.h"
 
 namespace cli::diagnosis {
@@ -11,8 +12,8 @@ namespace {
 
 std::string number(double value) { return util::generalText(static_cast<float>(value)); }
 
-const std::string& nameOf(const SetHeader& header, const Recognition::Axis& axis) {
-  return header.variables[static_cast<std::size_t>(axis.variable)].name;
+const std::string& nameOf(const Header& header, const Recognition::Axis& axis) {
+  return variableOf(header, axis).name;
 }
 
 // Cells are found by the mean spacing: how far, in cells, it leads away from where they are.
@@ -34,7 +35,8 @@ void warnOfSpacing(const std::string& name, const std::vector<double>& values,
   warn(warnings, "uneven-spacing", name,
        "it is not evenly spaced: cells are found by the mean spacing, and values are drawn up to " +
            std::to_string(std::lround(shift)) + (std::lround(shift) == 1 ? " cell" : " cells") +
-           " away from their place");
+           " away from their place",
+       Cure::Copy);
 }
 
 void warnOfLongitudes(const std::string& name, const std::vector<double>& stored,
@@ -50,7 +52,8 @@ void warnOfLongitudes(const std::string& name, const std::vector<double>& stored
     warn(warnings, "longitudes-backward", name,
          "it falls " + std::to_string(falls) +
              " times, and each fall is taken for the date line: values are drawn far away from "
-             "their place");
+             "their place",
+         Cure::Copy);
     return;
   }
   const std::vector<double> values = unwrapped(stored);
@@ -69,7 +72,7 @@ void warnOfLongitudes(const std::string& name, const std::vector<double>& stored
 
 }  // namespace
 
-void warnOfGrid(const SetHeader& header, const Recognition& found, std::vector<Warning>& warnings) {
+void warnOfGrid(const Header& header, const Recognition& found, std::vector<Warning>& warnings) {
   const auto told = [](const Recognition::Axis& axis) {
     return axis.dimension >= 0 && axis.values.size() > 1;
   };
@@ -81,15 +84,19 @@ void warnOfGrid(const SetHeader& header, const Recognition& found, std::vector<W
   }
 }
 
-void warnOfSet(const SetHeader& header, const Recognition&, std::vector<Warning>& warnings) {
+void warnOfSet(const Header& header, const Recognition&, std::vector<Warning>& warnings) {
   if (header.format == NC_FORMAT_CDF5) {
     warn(warnings, "cdf5", "", "it is a CDF-5 file, which only 64-bit programs read");
   }
-  if (header.groups > 0) {
+  if (!header.groups.empty()) {
+    std::vector<std::string> groups;
+    for (const Group& group : header.groups) {
+      groups.push_back(quoted(group.path) + " (" +
+                       counted(static_cast<std::size_t>(group.variables), "variable") + ")");
+    }
     warn(warnings, "groups", "",
-         counted(static_cast<std::size_t>(header.groups), "group") + " with " +
-             counted(static_cast<std::size_t>(header.groupVariables), "variable") +
-             " are not looked into: only what lies outside of groups is seen");
+         "the control sees nothing of what lies in groups: " + nameList(groups) +
+             "; kelvane fit --group makes a copy of one");
   }
 }
 

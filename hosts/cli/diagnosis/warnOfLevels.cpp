@@ -34,24 +34,24 @@ void warnOfOrder(const std::string& name, const std::vector<double>& levels,
   if (levels.size() > 1 && std::ranges::is_sorted(levels, std::greater_equal<>())) {
     warn(warnings, "levels-upward", name,
          "its values fall, " + ends +
-             ": the last is taken for the deepest, and the others lie outside the picture");
+             ": the last is taken for the deepest, and the others lie outside the picture",
+         Cure::Copy);
   } else if (!std::ranges::is_sorted(levels)) {
     warn(warnings, "levels-unsorted", name,
          "its values do not rise from level to level (" + ends + "): blocks overlap");
   }
   if (*std::ranges::min_element(levels) < 0) {
     warn(warnings, "negative-levels", name,
-         "it has values below 0 (" + ends + "), where depths are positive and grow downwards");
+         "it has values below 0 (" + ends + "), where depths are positive and grow downwards",
+         Cure::Copy);
   }
 }
 
 }  // namespace
 
-void warnOfLevels(const SetHeader& header, const Recognition& found,
-                  std::vector<Warning>& warnings) {
+void warnOfLevels(const Header& header, const Recognition& found, std::vector<Warning>& warnings) {
   if (found.vertical.variable < 0) return;
-  const SetHeader::Variable& level =
-      header.variables[static_cast<std::size_t>(found.vertical.variable)];
+  const Variable& level = variableOf(header, found.vertical);
   const std::vector<double>& levels = found.vertical.values;
   if (!levels.empty()) warnOfOrder(level.name, levels, warnings);
   if (found.vertical.dimension == found.time.dimension) {
@@ -61,13 +61,11 @@ void warnOfLevels(const SetHeader& header, const Recognition& found,
   if (levels.size() == 1) {
     warn(warnings, "one-level", level.name, "it has one level: a section is a single row");
   }
-  const SetHeader::Attribute* attribute = level.keyword("UNIT");
-  const std::string units =
-      attribute == nullptr ? std::string() : ocxStrings::trim(attribute->text);
+  const std::string units = ocxStrings::trim(keywordText(level, "UNIT"));
   if (hasPrefix(level.name, "SIGMA")) {
     warn(warnings, "sigma-levels", level.name,
-         "it holds fractions of the depth: the picture does not follow the sea floor, and its axis "
-         "is labelled in metres all the same");
+         "it holds no depths, as a rule fractions of them: the picture does not follow the sea "
+         "floor, and its axis is labelled in metres all the same");
   } else if (isPressure(units)) {
     warn(warnings, "pressure-levels", level.name,
          "it holds pressures: the axis is labelled in metres all the same");
@@ -75,12 +73,12 @@ void warnOfLevels(const SetHeader& header, const Recognition& found,
     warn(warnings, "level-units", level.name,
          "its units are " + quoted(units) + ": the axis is labelled in metres all the same");
   }
-  if (hasPrefix(level.attribute("positive"), "UP") && !isPressure(units)) {
+  if (hasPrefix(textOf(level.attributes, "positive"), "UP") && !isPressure(units)) {
     warn(warnings, "positive-up", level.name,
-         "its values are heights (positive is up): they are drawn as depths");
+         "its values are heights (positive is up): they are drawn as depths", Cure::Copy);
   }
-  for (const SetHeader::Variable& other : header.variables) {
-    if (&other == &level || other.dimensions.size() != 1 || other.dimensions == level.dimensions) {
+  for (const Variable& other : header.vars) {
+    if (&other == &level || other.dims.size() != 1 || other.dims == level.dims) {
       continue;
     }
     const auto named = [&](const char* keyword) { return hasPrefix(other.name, keyword); };

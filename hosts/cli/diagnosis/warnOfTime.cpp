@@ -20,7 +20,8 @@ void warnOfOrigin(const TimeUnits& units, const std::string& name, std::vector<W
   } else if (!units.originRead) {
     warn(warnings, "unread-origin", name,
          "the origin " + quoted(units.originText) +
-             " is not read as a date: dates count from 1899-12-30");
+             " is not read as a date: dates count from 1899-12-30",
+         Cure::Copy);
   } else {
     const std::string date = util::dateText(units.origin).substr(0, 4);
     if (units.originText.substr(0, 4) != date && units.originText.find(date) == std::string::npos) {
@@ -35,8 +36,8 @@ void warnOfOrigin(const TimeUnits& units, const std::string& name, std::vector<W
   }
 }
 
-void warnOfCalendar(const SetHeader::Variable& time, std::vector<Warning>& warnings) {
-  const std::string calendar = time.attribute("calendar");
+void warnOfCalendar(const Variable& time, std::vector<Warning>& warnings) {
+  const std::string calendar = textOf(time.attributes, "calendar");
   const std::string plain = ocxStrings::upper(ocxStrings::trim(calendar));
   if (plain.empty() || plain == "STANDARD" || plain == "GREGORIAN" ||
       plain == "PROLEPTIC_GREGORIAN") {
@@ -48,27 +49,28 @@ void warnOfCalendar(const SetHeader::Variable& time, std::vector<Warning>& warni
 
 }  // namespace
 
-void warnOfTime(const SetHeader& header, const Recognition& found, std::vector<Warning>& warnings) {
+void warnOfTime(const Header& header, const Recognition& found, std::vector<Warning>& warnings) {
   if (found.time.variable < 0) return;
-  const SetHeader::Variable& time = header.variables[static_cast<std::size_t>(found.time.variable)];
-  const SetHeader::Attribute* attribute = time.keyword("UNIT");
-  const TimeUnits units = timeUnitsOf(attribute == nullptr ? std::string() : attribute->text);
+  const Variable& time = variableOf(header, found.time);
+  const TimeUnits units = timeUnitsOf(keywordText(time, "UNIT"));
   if (units.kind == Kind::Months || units.kind == Kind::Seasons) {
     const bool months = units.kind == Kind::Months;
     warn(warnings, months ? "month-axis" : "season-axis", time.name,
          std::string("it counts ") + (months ? "months" : "seasons") +
-             ", which have no dates: the date line of a picture shows 1899-12-30");
+             ", which have no dates: the date line of a picture shows 1899-12-30",
+         units.originText.empty() ? Cure::None : Cure::Copy);
   } else if (!units.countsDates()) {
     warn(warnings, "unknown-time-unit", time.name,
          "its unit " + quoted(units.word) +
-             " is not known (day, hour, minute, second, month, season are): no dates");
+             " is not known (day, hour, minute, second, month, season are): no dates",
+         Cure::Copy);
   } else {
     warnOfOrigin(units, time.name, warnings);
     warnOfCalendar(time, warnings);
   }
-  for (const SetHeader::Variable& other : header.variables) {
-    if (&other == &time || other.dimensions.size() != 1 ||
-        !ocxStrings::hasPrefix(other.name, "TIME") || other.dimensions == time.dimensions) {
+  for (const Variable& other : header.vars) {
+    if (&other == &time || other.dims.size() != 1 || !ocxStrings::hasPrefix(other.name, "TIME") ||
+        other.dims == time.dims) {
       continue;
     }
     warn(warnings, "other-time", time.name,

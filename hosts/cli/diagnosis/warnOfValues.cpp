@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "diagnosis/checkList.h"
+#include "diagnosis/lostValues.h"
 #include "util/numberText.h"
 #include "util/ocxStrings.h"
 
@@ -11,18 +12,19 @@ namespace cli::diagnosis {
 namespace {
 
 using ocxStrings::hasPrefix;
-using Attribute = SetHeader::Attribute;
 
-// From here on a fill value is too far from any measured value to take some for missing.
-constexpr double kFarAway = 1e15;
 constexpr double kMissingShare = 0.99;
 
 std::string number(double value) { return util::generalText(static_cast<float>(value)); }
 
-bool isNan(const Attribute& attribute) { return hasPrefix(attribute.text, "NAN"); }
+double leadingNumberOf(const Attribute& attribute) {
+  return util::leadingNumber(valueText(attribute));
+}
+
+bool isNan(const Attribute& attribute) { return hasPrefix(valueText(attribute), "NAN"); }
 
 // The attributes by which the control knows missing values; the last of them counts.
-std::vector<const Attribute*> missingMarks(const SetHeader::Variable& variable) {
+std::vector<const Attribute*> missingMarks(const Variable& variable) {
   std::vector<const Attribute*> marks;
   for (const Attribute& attribute : variable.attributes) {
     if (hasPrefix(attribute.name, "MISSING") || hasPrefix(attribute.name, "_FILL")) {
@@ -32,24 +34,41 @@ std::vector<const Attribute*> missingMarks(const SetHeader::Variable& variable) 
   return marks;
 }
 
-double keywordNumber(const SetHeader::Variable& variable, const char* keyword, double fallback) {
-  const Attribute* attribute = variable.keyword(keyword);
-  return attribute == nullptr ? fallback : util::leadingNumber(attribute->text);
+double keywordNumber(const Variable& variable, const char* wanted, double fallback) {
+  const Attribute* attribute = keyword(variable, wanted);
+  return attribute == nullptr ? fallback : leadingNumberOf(*attribute);
 }
 
-void warnOfMissing(const SetHeader::Variable& variable, std::vector<Warning>& warnings) {
+// The control takes a whole range of values for missing. That matters where there are some.
+void warnOfLost(const Header& header, const Variable& variable, const Attribute& mark,
+                std::vector<Warning>& warnings) {
+  const std::optional<double> lost = lostValue(header, variable);
+  if (!lost) return;
+  const double scale = keywordNumber(variable, "SCALE", 1);
+  const double offset = keywordNumber(variable, "ADD_OFF", 0);
+  const double missing = leadingNumberOf(mark);
+  const bool below = (missing < 0) == (scale > 0);
+  warn(warnings, "near-fill", variable.name,
+       quoted(mark.name) + " is " + valueText(mark) + ": with 1 % around it, all values from " +
+           number(missing * kMissingShare * scale + offset) + (below ? " downwards" : " upwards") +
+           " are taken for missing, good ones too, like " + number(*lost * scale + offset),
+       Cure::Copy);
+}
+
+void warnOfMissing(const Header& header, bool look, const Variable& variable,
+                   std::vector<Warning>& warnings) {
   const std::vector<const Attribute*> marks = missingMarks(variable);
   if (marks.empty()) return;
   const Attribute& last = *marks.back();
-  const double missing = util::leadingNumber(last.text);
+  const double missing = leadingNumberOf(last);
   for (const Attribute* mark : marks) {
-    const bool same =
-        static_cast<float>(util::leadingNumber(mark->text)) == static_cast<float>(missing) &&
-        isNan(*mark) == isNan(last);
+    const bool same = static_cast<float>(leadingNumberOf(*mark)) == static_cast<float>(missing) &&
+                      isNan(*mark) == isNan(last);
     if (same) continue;
     warn(warnings, "two-missing-values", variable.name,
-         quoted(mark->name) + " is " + mark->text + " and " + quoted(last.name) + " is " +
-             last.text + ": only the second, which comes later, counts");
+         quoted(mark->name) + " is " + valueText(*mark) + " and " + quoted(last.name) + " is " +
+             valueText(last) + ": only the second, which comes later, counts",
+         Cure::Copy);
   }
   if (isNan(last)) {
     warn(warnings, "nan-fill", variable.name,
@@ -58,21 +77,16 @@ void warnOfMissing(const SetHeader::Variable& variable, std::vector<Warning>& wa
              "is taken for missing");
   } else if (missing == 0) {
     warn(warnings, "zero-fill", variable.name,
-         quoted(last.name) + " is " + last.text +
-             ", which counts as none: no value is taken for missing, 0 is drawn");
-  } else if (std::fabs(missing) < kFarAway) {
-    const double scale = keywordNumber(variable, "SCALE", 1);
-    const double offset = keywordNumber(variable, "ADD_OFF", 0);
-    const double bound = missing * kMissingShare * scale + offset;
-    const bool below = (missing < 0) == (scale > 0);
-    warn(warnings, "near-fill", variable.name,
-         quoted(last.name) + " is " + last.text + ": with 1 % around it, all values from " +
-             number(bound) + (below ? " downwards" : " upwards") + " are taken for missing");
+         quoted(last.name) + " is " + valueText(last) +
+             ", which counts as none: no value is taken for missing, 0 is drawn",
+         Cure::Copy);
+  } else if (look) {
+    warnOfLost(header, variable, last, warnings);
   }
 }
 
 // Attributes whose names merely begin like those the control looks for.
-void warnOfNamesakes(const SetHeader::Variable& variable, std::vector<Warning>& warnings) {
+void warnOfNamesakes(const Variable& variable, std::vector<Warning>& warnings) {
   struct Keyword {
     const char* start;
     std::vector<std::string> meant;
@@ -83,24 +97,26 @@ void warnOfNamesakes(const SetHeader::Variable& variable, std::vector<Warning>& 
                                      {"ADD_OFF", {"ADD_OFFSET"}, "the offset"},
                                      {"MISSING", {"MISSING_VALUE"}, "the missing value"},
                                      {"LONG_NAME", {"LONG_NAME"}, "the long name"}};
-  for (const Keyword& keyword : keywords) {
-    const Attribute* taken = variable.keyword(keyword.start);
+  for (const Keyword& known : keywords) {
+    const Attribute* taken = keyword(variable, known.start);
     if (taken == nullptr) continue;
     const std::string name = ocxStrings::upper(taken->name);
-    if (std::ranges::find(keyword.meant, name) != keyword.meant.end()) continue;
+    if (std::ranges::find(known.meant, name) != known.meant.end()) continue;
     warn(warnings, "attribute-prefix", variable.name,
-         "its attribute " + quoted(taken->name) + " (" + taken->text + ") is taken for " +
-             keyword.use + ": the beginning of the name decides, and the last one counts");
+         "its attribute " + quoted(taken->name) + " (" + valueText(*taken) + ") is taken for " +
+             known.use + ": the beginning of the name decides, and the last one counts",
+         Cure::Copy);
   }
 }
 
-void warnOfType(const SetHeader::Variable& variable, std::vector<Warning>& warnings) {
+void warnOfType(const Variable& variable, std::vector<Warning>& warnings) {
   if (variable.type == NC_CHAR) {
     warn(warnings, "text-values", variable.name, "it holds characters: all are drawn as 0");
   }
-  if (hasPrefix(variable.attribute("_Unsigned"), "TRUE")) {
+  if (hasPrefix(textOf(variable.attributes, "_Unsigned"), "TRUE")) {
     warn(warnings, "unsigned-values", variable.name,
-         "its integers have no sign, but are read as if they had: large ones come out negative");
+         "its integers have no sign, but are read as if they had: large ones come out negative",
+         Cure::Copy);
   }
   for (const Attribute& attribute : variable.attributes) {
     if (!hasPrefix(attribute.name, "VALID_")) continue;
@@ -121,21 +137,22 @@ void warnOfOrders(const std::vector<VariableFinding>& variables, std::vector<War
          "its last dimension is " + quoted(variable.dimensions.back()) + ", that of " +
              quoted(first->name) + " is " + quoted(first->dimensions.back()) +
              ": once one of them is drawn, the other comes out turned until the data set is opened "
-             "again");
+             "again",
+         Cure::Copy);
   }
 }
 
 }  // namespace
 
-void warnOfValues(const SetHeader& header, const std::vector<VariableFinding>& variables,
-                  std::vector<Warning>& warnings) {
+void warnOfValues(const Header& header, bool atAddress,
+                  const std::vector<VariableFinding>& variables, std::vector<Warning>& warnings) {
   for (std::size_t at = 0; at < variables.size(); ++at) {
     if (variables[at].listed || !variables[at].role.empty()) {
-      warnOfNamesakes(header.variables[at], warnings);
+      warnOfNamesakes(header.vars[at], warnings);
     }
     if (!variables[at].listed) continue;
-    warnOfMissing(header.variables[at], warnings);
-    warnOfType(header.variables[at], warnings);
+    warnOfMissing(header, !atAddress, header.vars[at], warnings);
+    warnOfType(header.vars[at], warnings);
   }
   warnOfOrders(variables, warnings);
 }

@@ -1,9 +1,10 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <vector>
 
-#include "fit/header.h"
+#include "header/header.h"
 
 namespace cli::fit {
 
@@ -13,6 +14,11 @@ class Input {
   virtual ~Input() = default;
 
   virtual const Header& header() const = 0;
+  // What the data set has beside the header and cannot be copied, in words.
+  virtual const std::vector<std::string>& leftOut() const {
+    static const std::vector<std::string> nothing;
+    return nothing;
+  }
   // A hyperslab of a variable as doubles, row by row; characters are their codes. start and count
   // have a number for each dimension. Throws Failure.
   virtual void read(int variable, const std::vector<std::size_t>& start,

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "fit/header.h"
+#include "header/header.h"
 
 // What a copy is to be like, and where its values come from.
 namespace cli::fit {

@@ -29,6 +29,7 @@ struct Selected {
 // What is asked of `kelvane fit`.
 struct Request {
   std::string input, output;
+  std::string group;                   // of netCDF-4; empty: what is outside of groups
   std::vector<std::string> variables;  // empty: all
   std::optional<StepRange> steps;
   std::optional<Box> box;

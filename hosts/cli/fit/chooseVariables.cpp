@@ -42,10 +42,21 @@ bool isComplete(const Draft& draft, int number) {
   return isPlain(draft, number) && placing.kind != GridKind::None && placing.level.found();
 }
 
+std::string groupList(const Draft& draft) {
+  std::vector<std::string> paths;
+  for (const Group& each : draft.in.header().groups) paths.push_back(each.path);
+  return nameList(paths);
+}
+
 // What is not looked at could be what is wanted.
 std::string leftOut(const Draft& draft) {
-  const std::vector<std::string>& names = draft.in.header().leftOut;
-  return names.empty() ? "" : "\nNot read: " + nameList(names) + ".";
+  const std::vector<std::string>& names = draft.in.leftOut();
+  std::string text;
+  if (!names.empty()) text += "\nNot read: " + nameList(names) + ".";
+  if (!draft.in.header().groups.empty()) {
+    text += "\nNot looked into: groups " + groupList(draft) + "; --group takes one.";
+  }
+  return text;
 }
 
 [[noreturn]] void refuse(const Draft& draft, const std::vector<int>& candidates) {
@@ -165,7 +176,14 @@ bool isCompanion(const Draft& draft, int number, const std::vector<int>& chosen)
 }  // namespace
 
 void chooseVariables(Draft& draft) {
-  for (const std::string& each : draft.in.header().leftOut) draft.note(each + " is left out.");
+  for (const std::string& each : draft.in.leftOut()) draft.note(each + " is left out.");
+  if (!draft.request.group.empty()) {
+    draft.change(draft.request.group, "taken out of its group",
+                 "the control sees nothing of what lies in groups");
+  }
+  if (!draft.in.header().groups.empty()) {
+    draft.note("what lies in groups is left out: " + groupList(draft) + "; --group takes one.");
+  }
   const bool asked = !draft.request.variables.empty();
   const std::vector<int> candidates =
       asked ? numbersOf(draft, draft.request.variables) : allNumbers(draft);

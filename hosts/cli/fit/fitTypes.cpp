@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 #include "fit/rules.h"
@@ -7,12 +6,6 @@
 
 namespace cli::fit {
 namespace {
-
-std::string nameOf(nc_type type) {
-  constexpr std::array kNames = {"no type", "byte",   "text", "short", "int",    "float", "double",
-                                 "ubyte",   "ushort", "uint", "int64", "uint64", "string"};
-  return kNames.at(static_cast<std::size_t>(type));
-}
 
 bool fitInInt(const std::vector<double>& values) {
   return std::ranges::all_of(values, [](double value) {
@@ -72,7 +65,7 @@ void fitUnsigned(Draft& draft, PlanVar& variable) {
     }
     attribute.type = variable.type;
   }
-  draft.change(variable.name, "stored as " + nameOf(variable.type),
+  draft.change(variable.name, "stored as " + typeName(variable.type),
                "the control reads its numbers without sign as numbers with one");
 }
 
@@ -93,7 +86,7 @@ void fitTypes(Draft& draft) {
     const bool wide = variable.type >= NC_UINT && variable.type <= NC_UINT64;
     const nc_type wanted = classic(variable.type, wide && valuesFit(draft, variable));
     if (wanted != variable.type) {
-      draft.change(variable.name, nameOf(wanted) + " instead of " + nameOf(variable.type),
+      draft.change(variable.name, typeName(wanted) + " instead of " + typeName(variable.type),
                    "the classic format has no such type");
       variable.type = wanted;
     } else if (variable.source >= 0 && draft.inVar(variable.source).ofStrings) {

@@ -140,6 +140,11 @@ void fitVertical(Draft& draft) {
     draft.note("The deepest level of " + name + " is at " + text(values.back()) +
                ": there is no depth to draw a section over.");
   }
+  if (kind == Vertical::Sigma) {
+    draft.note("the levels of " + name +
+               " are no depths in metres: the picture follows neither the "
+               "sea floor nor the ground.");
+  }
   // The control reads neither packed numbers nor those of other types.
   for (const char* each : {"scale_factor", "add_offset", "_FillValue", "missing_value"}) {
     remove(variable.attributes, each);

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "fit/header.h"
+#include "header/header.h"
 
 // What the control takes for missing.
 namespace cli::fit {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "fit/header.h"
+#include "header/header.h"
 
 // What a variable is by the conventions of its kind: from its attributes, then its name.
 namespace cli::fit {

@@ -34,6 +34,7 @@ std::optional<Parts> split(const std::string& units) {
 int monthsOf(const std::string& unit) {
   const std::string word = ocxStrings::upper(unit);
   if (word.starts_with("MONTH") || word == "MON") return 1;
+  if (word.starts_with("SEASON")) return 3;
   if (word.starts_with("YEAR") || word == "YR" || word == "COMMON_YEAR" || word == "COMMON_YEARS") {
     return 12;
   }
@@ -101,6 +102,11 @@ bool readsAlike(const std::string& units, const Origin& origin) {
                                       countOf(Calendar::Gregorian, {1899, 12, 30}));
 }
 
+// The control counts months and seasons, but gives them no dates.
+bool isNumbered(const std::string& unit) {
+  return ocxStrings::hasPrefix(unit, "MON") || ocxStrings::hasPrefix(unit, "SEA");
+}
+
 struct Written {
   std::string unit = "days";
   double aDay = 1;
@@ -145,8 +151,10 @@ TimeUnits write(const std::vector<Moment>& moments, const Written& wanted, int64
   return fitted;
 }
 
-std::string reasonOf(bool known, Calendar calendar, int64_t shift, const Origin& origin) {
-  if (!known) return "not known to the control";
+std::string reasonOf(const std::string& unit, Calendar calendar, int64_t shift,
+                     const Origin& origin) {
+  if (isNumbered(unit)) return "the control has no dates for months and seasons";
+  if (!partsOfDay(unit)) return "not known to the control";
   if (calendar != Calendar::Standard && calendar != Calendar::Gregorian) {
     return "the control has the Gregorian calendar only";
   }
@@ -157,8 +165,7 @@ std::string reasonOf(bool known, Calendar calendar, int64_t shift, const Origin&
 
 TimeUnits unknown(const std::string& units) {
   TimeUnits same;
-  const std::string word = ocxStrings::upper(units.substr(0, 3));
-  if (word == "MON" || word == "SEA") {
+  if (isNumbered(units)) {
     same.notes.emplace_back("steps are numbered months or seasons, not dates.");
   } else {
     same.notes.push_back(units.empty() ? "there are no units; steps have no dates."
@@ -209,7 +216,7 @@ TimeUnits fitTimeUnits(const std::string& units, const std::string& calendarName
   if (shift == 0 && origin->day.year >= 100) wanted.origin = gregorianDay(origin->day);
   if (shift > 0) wanted.origin = {2000, 1, 1};
   TimeUnits fitted = write(moments, wanted, shift);
-  fitted.reason = reasonOf(known.has_value(), taken, shift, *origin);
+  fitted.reason = reasonOf(parts->unit, taken, shift, *origin);
   if (!calendar) fitted.notes.push_back("the calendar \"" + calendarName + "\" is not known.");
   if (!usual) {
     fitted.notes.push_back("dates of the calendar \"" + calendarName +

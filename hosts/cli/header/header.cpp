@@ -1,8 +1,8 @@
-#include "fit/header.h"
+#include "header/header.h"
 
 #include <algorithm>
 
-namespace cli::fit {
+namespace cli {
 namespace {
 
 template <class List>
@@ -40,7 +40,7 @@ void set(Attributes& attributes, Attribute attribute) {
 }
 
 void setText(Attributes& attributes, const std::string& name, const std::string& text) {
-  set(attributes, {name, NC_CHAR, text, {}});
+  set(attributes, {.name = name, .type = NC_CHAR, .text = text, .numbers = {}});
 }
 
 void remove(Attributes& attributes, std::string_view name) {
@@ -54,4 +54,12 @@ bool isWhole(nc_type type) {
   return type != NC_CHAR && type != NC_FLOAT && type != NC_DOUBLE && type != NC_STRING;
 }
 
-}  // namespace cli::fit
+std::string typeName(nc_type type) {
+  static constexpr const char* names[] = {"none",  "byte",   "char",  "short",  "int",
+                                          "float", "double", "ubyte", "ushort", "uint",
+                                          "int64", "uint64", "string"};
+  if (type >= NC_NAT && type <= NC_STRING) return names[type];
+  return "type " + std::to_string(type);
+}
+
+}  // namespace cli
