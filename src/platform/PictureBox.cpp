@@ -26,6 +26,11 @@ void PictureBox::PrintAt(double x, double y, std::string_view text) {
   Print(text);
 }
 
+void PictureBox::TakeFrom(PictureBox& source) {
+  Cls();
+  AndFrom(source);
+}
+
 void PictureBox::Cells(const CellBoxes& cells) {
   const auto x = cells.x(), y = cells.y();
   for (int32_t level = 0; level < cells.levels(); ++level) {
@@ -53,6 +58,21 @@ Colour basicPalette(int32_t entry) {
 int32_t nearestPixel(float coordinate, int32_t size) {
   const double clipped = std::clamp(static_cast<double>(coordinate), -1.0, size + 1.0);
   return util::roundToLong(clipped);
+}
+
+// In steps that the processor can make of several places at once. Between the ends a single is
+// exact with the pixel next to it taken away.
+void nearestPixels(std::span<const float> coordinates, int32_t size, std::span<int32_t> pixels) {
+  const float end = static_cast<float>(size) + 1.0F;
+  for (std::size_t n = 0; n < coordinates.size(); ++n) {
+    const float notBelow = coordinates[n] > -1.0F ? coordinates[n] : -1.0F;
+    const float place = notBelow < end ? notBelow : end;
+    const auto whole = static_cast<int32_t>(place);
+    const float rest = place - static_cast<float>(whole);
+    const float limit = whole % 2 == 0 ? 0.5F : 0x1.fffffep-2F;  // a half goes to the even one
+    const int32_t up = rest > limit ? 1 : 0, down = rest < -limit ? 1 : 0;
+    pixels[n] = whole + up - down;
+  }
 }
 
 PixelBox pixelBox(float x1, float y1, float x2, float y2, int32_t width, int32_t height) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string_view>
 
 #include "platform/CellBoxes.h"
@@ -60,6 +61,9 @@ class PictureBox {
   // Combines the whole of another surface of the same kind into this one from (0, 0): each
   // pixel becomes this AND source, so that white is neutral.
   virtual void AndFrom(const PictureBox& source) = 0;
+  // Becomes what Cls and AndFrom would make of it. The source may be all white afterwards:
+  // surfaces of one size just exchange their memory.
+  virtual void TakeFrom(PictureBox& source);
 
   float CurrentX = 0.0F;
   float CurrentY = 0.0F;
@@ -84,6 +88,8 @@ struct Pictures {
 // The pixel next to a coordinate, halves to even; -1 or size + 1 for all that lie farther
 // outside of a surface of size pixels. NaN is run-time error 6.
 int32_t nearestPixel(float coordinate, int32_t size);
+// The same of many, into as many places; of a NaN it is any number.
+void nearestPixels(std::span<const float> coordinates, int32_t size, std::span<int32_t> pixels);
 
 // The pixels that a box between two corners covers, both corners included: corners rounded to
 // the nearest pixel (halves to even) and clipped to a surface of width x height. Every surface

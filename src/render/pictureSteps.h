@@ -18,13 +18,12 @@ void trapped(std::string_view tag, Step step) {
   }
 }
 
-// Transfers the given pictures into picSection, and that onto the visible Picture1. White is
-// neutral in every transfer, so the inks of all surfaces meet.
+// Transfers the given pictures into picSection, and that onto the visible Picture1, which takes
+// it over as it is. White is neutral in every transfer, so the inks of all surfaces meet.
 inline void CombinePictures(platform::Pictures& pictures,
                             std::initializer_list<const platform::PictureBox*> overlays) {
-  pictures.Picture1.Cls();
   for (const platform::PictureBox* overlay : overlays) pictures.picSection.AndFrom(*overlay);
-  pictures.Picture1.AndFrom(pictures.picSection);
+  pictures.Picture1.TakeFrom(pictures.picSection);
   pictures.picSection.Refresh();
   pictures.Picture1.Refresh();
 }

@@ -143,6 +143,30 @@ TEST_F(GdiPicture, CombinesBitByBit) {
   EXPECT_EQ(box_.pixel(35, 25), kWhite);
 }
 
+TEST_F(GdiPicture, TakesWhatClearingAndCombiningWouldGive) {
+  for (const auto& [width, height] : {std::pair(40, 30), {20, 60}, {60, 20}, {0, 0}}) {
+    GdiPictureBox source, plain;
+    source.Move(0, 0, width, height);
+    plain.Move(0, 0, 40, 30);
+    for (int turn = 0; turn < 3; ++turn) {
+      source.Cls();
+      source.Box(1, 1, 30, 12, kOdd);
+      source.CurrentX = static_cast<float>(5 * turn);
+      source.Font.Bold = turn == 1;
+      source.Print("text");
+      source.Line(0, 15, 17, 19, kRed);
+      box_.Line(0, 0, 39, 29, kBlue);  // nothing of it may stay
+      plain.Cls();
+      plain.AndFrom(source);
+      box_.TakeFrom(source);
+      EXPECT_EQ(source.width(), width);
+      for (int y = 0; y < 30; ++y) {
+        for (int x = 0; x < 40; ++x) ASSERT_EQ(box_.pixel(x, y), plain.pixel(x, y)) << turn;
+      }
+    }
+  }
+}
+
 TEST_F(GdiPicture, BeginsWhiteAtEverySize) {
   box_.Box(0, 0, 39, 29, kRed);
   box_.Move(0, 0, 40, 30);

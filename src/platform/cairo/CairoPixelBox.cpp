@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "platform/clipLine.h"
 #include "platform/drawableText.h"
@@ -144,6 +145,19 @@ void CairoPixelBox::AndFrom(const PictureBox& source) {
   cairo_surface_flush(from.surface_.get());
   beginWriting();
   rows_.andFrom(from.rows_);
+}
+
+void CairoPixelBox::TakeFrom(PictureBox& source) {
+  auto& from = dynamic_cast<CairoPixelBox&>(source);
+  if (from.width_ != width_ || from.height_ != height_) {
+    PictureBox::TakeFrom(source);
+    return;
+  }
+  Cls();
+  std::swap(rows_, from.rows_);
+  surface_.swap(from.surface_);
+  context_.swap(from.context_);
+  std::swap(writtenDirectly_, from.writtenDirectly_);
 }
 
 Colour CairoPixelBox::pixel(int32_t x, int32_t y) const {

@@ -34,6 +34,7 @@ class CairoPixelBox : public PictureBox {
   float TextWidth(std::string_view text) const override;
   float TextHeight(std::string_view text) const override;
   void AndFrom(const PictureBox& source) override;
+  void TakeFrom(PictureBox& source) override;
 
   // Red, green and blue of a pixel inside the surface.
   Colour pixel(int32_t x, int32_t y) const;

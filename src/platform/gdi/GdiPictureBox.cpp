@@ -181,6 +181,25 @@ void GdiPictureBox::AndFrom(const PictureBox& source) {
   rows_.andFrom(other->rows_);
 }
 
+// With the contexts go the fonts, one of which each has selected, so that there is nothing to
+// select anew, which could fail.
+void GdiPictureBox::TakeFrom(PictureBox& source) {
+  auto* other = dynamic_cast<GdiPictureBox*>(&source);
+  if (other == nullptr || other->width_ != width_ || other->height_ != height_) {
+    PictureBox::TakeFrom(source);
+    return;
+  }
+  Cls();
+  std::swap(pixels_, other->pixels_);
+  std::swap(rows_, other->rows_);
+  bitmap_.swap(other->bitmap_);
+  fonts_.swap(other->fonts_);
+  dc_.swap(other->dc_);
+  std::swap(stockBitmap_, other->stockBitmap_);
+  std::swap(stockFont_, other->stockFont_);
+  std::swap(gdiIsDrawing_, other->gdiIsDrawing_);
+}
+
 Colour GdiPictureBox::pixel(int32_t x, int32_t y) const {
   if (x < 0 || y < 0 || x >= width_ || y >= height_) return basicPalette(15);
   GdiFlush();

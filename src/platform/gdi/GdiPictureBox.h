@@ -32,6 +32,7 @@ class GdiPictureBox final : public PictureBox {
   float TextWidth(std::string_view text) const override;
   float TextHeight(std::string_view text) const override;
   void AndFrom(const PictureBox& source) override;
+  void TakeFrom(PictureBox& source) override;
 
   int32_t width() const { return width_; }
   int32_t height() const { return height_; }

@@ -161,6 +161,34 @@ TEST_F(PixelsTest, DrawingAndTransfersTakeTurns) {
   }
 }
 
+TEST_F(PixelsTest, TakingIsClearingAndCombining) {
+  struct Row {
+    int32_t width, height;
+  };
+  for (const Row& row : {Row{40, 30}, {20, 99}, {99, 20}, {0, 0}}) {
+    CairoPixelBox source(lettering), plain(lettering);
+    source.Move(0, 0, row.width, row.height);
+    plain.Move(0, 0, 40, 30);
+    for (int32_t turn = 0; turn < 3; ++turn) {
+      source.Cls();
+      source.Box(1, 1, 30, 12, rgb(0xF0, 0x0F, 0xAA));
+      source.CurrentX = static_cast<float>(5 * turn);
+      source.Print("text");             // drawn by Cairo
+      source.Box(3, 13, 3, 14, 0);      // written straight
+      box.Line(0, 0, 39, 29, 0);        // nothing of it may stay
+      box.CurrentX = box.CurrentY = 9;
+      plain.Cls();
+      plain.AndFrom(source);
+      box.TakeFrom(source);
+      EXPECT_EQ(box.CurrentX + box.CurrentY, 0.0F);
+      EXPECT_EQ(source.ScaleWidth(), static_cast<float>(row.width));
+      for (int32_t y = 0; y < 30; ++y) {
+        for (int32_t x = 0; x < 40; ++x) ASSERT_EQ(box.pixel(x, y), plain.pixel(x, y)) << turn;
+      }
+    }
+  }
+}
+
 TEST_F(PixelsTest, TextStaysInsideItsMeasuredLine) {
   box.Move(0, 0, 300, 60);
   for (const float points : {8.0F, 12.0F, 20.0F}) {
