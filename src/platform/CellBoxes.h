@@ -1,10 +1,11 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <span>
 
-#include "platform/colour.h"
+#include "platform/pixel.h"
 
 namespace platform {
 
@@ -14,9 +15,6 @@ namespace platform {
 // both reach, so that a surface of pixels may leave out what nobody would see.
 class CellBoxes {
  public:
-  // Stands for no colour where colours are filled in.
-  static constexpr Colour kUnset = -1;
-
   // The edges must outlive the grid, in surface units.
   CellBoxes(std::span<const float> x, std::span<const float> y) : x_(x), y_(y) {}
   virtual ~CellBoxes() = default;
@@ -35,16 +33,18 @@ class CellBoxes {
   // so that those before the error are there.
   virtual bool mayFail() const { return true; }
 
-  // For the cells of a column from a level on: puts in the colours, 24 bits each, where kUnset
-  // stands and the cell is painted. Only asked where nothing may fail.
-  virtual void fillIn(int32_t column, int32_t level, std::span<Colour> colours) const {
-    for (Colour& entry : colours) {
-      if (entry == kUnset) {
-        if (const auto found = colour(column, level)) entry = *found & 0xFFFFFF;
-      }
-      ++level;
+  // The pixels of a column's cells from a level on, kNoPixel where none is painted. Gives how many
+  // it has put in: no cell behind them is painted. Only asked where nothing may fail.
+  virtual std::size_t pixels(int32_t column, int32_t level, std::span<uint32_t> pixels) const {
+    for (uint32_t& pixel : pixels) {
+      const auto found = colour(column, level++);
+      pixel = found ? pixelOf(*found) : kNoPixel;
     }
+    return pixels.size();
   }
+
+  // A column that will soon be asked for: time to fetch what its colours are made of.
+  virtual void expect(int32_t /*column*/) const {}
 
  private:
   std::span<const float> x_, y_;

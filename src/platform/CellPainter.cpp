@@ -5,15 +5,21 @@
 namespace platform {
 namespace {
 
-// No pixel: nothing is painted there.
-constexpr uint32_t kNone = 0xFF000000;
-// The colours held at a time, 256 KB of them.
-constexpr std::size_t kColoursAtATime = 65536;
+// Set in kNoPixel alone.
+constexpr uint32_t kNotColour = 0xFF000000;
+// The colours held at a time, 4 MB of them.
+constexpr std::size_t kColoursAtATime = std::size_t{1} << 20U;
 constexpr std::size_t kFewestRuns = 16;
 // Turned from columns to levels together: their pixels are a line of the cache.
 constexpr std::size_t kRunsAtATime = 16;
 
 std::size_t at(int32_t index) { return static_cast<std::size_t>(index); }
+
+bool anyLeftOut(std::span<const uint32_t> pixels) {
+  uint32_t all = 0;
+  for (const uint32_t pixel : pixels) all |= pixel;
+  return (all & kNotColour) != 0;
+}
 
 }  // namespace
 
@@ -29,12 +35,7 @@ bool CellPainter::paint() {
   for (std::size_t done = 0; done < all.size(); done += runsAtATime) {
     const Runs tile = all.subspan(done, std::min(runsAtATime, all.size() - done));
     gather(tile);
-    runColours_.resize(tile.size());
-    line_.resize(at(tile.back().end - tile.front().begin));
-    for (const PixelRun& band : *bands) {
-      compose(tile, band);
-      write(tile.front().begin, band);
-    }
+    for (const PixelRun& band : *bands) write(tile.front().begin, band, compose(tile, band));
   }
   return true;
 }
@@ -42,16 +43,17 @@ bool CellPainter::paint() {
 // All memory is there before the first row is touched: a failure leaves the picture as it was.
 void CellPainter::reserve(std::size_t runs, int32_t pixels) {
   const std::size_t levels = at(cells_.levels());
-  found_.reserve(kRunsAtATime * levels);
-  colours_.reserve(runs * levels);
-  runColours_.reserve(std::max(runs, at(pixels)));
-  line_.reserve(std::max(runs, at(pixels)));
-  fresh_.reserve(at(rows_.height()));
+  below_.resize(levels);
+  columns_.resize(kRunsAtATime * levels);
+  colours_.resize(runs * levels);
+  merged_.resize(levels);
+  runColours_.resize(runs);
+  line_.resize(at(pixels));
+  fresh_.resize(at(rows_.height()));
 }
 
 // Of rows that count as white only the ends are made so: the cells write all of the rest.
 void CellPainter::prepareRows(std::span<const PixelRun> bands, int32_t left, int32_t right) {
-  fresh_.assign(at(rows_.height()), 0);
   for (int32_t y = bands.front().begin; y < bands.back().end; ++y) {
     const PixelRows::Row before = rows_.state(y);
     if (before == PixelRows::Row::Inked) continue;
@@ -66,75 +68,93 @@ void CellPainter::prepareRows(std::span<const PixelRun> bands, int32_t left, int
 // The colours come column by column and are wanted level by level.
 void CellPainter::gather(Runs tile) {
   const std::size_t levels = at(cells_.levels());
-  found_.resize(kRunsAtATime * levels);
-  colours_.resize(tile.size() * levels);
+  std::ranges::fill(merged_, 0U);
+  lineLevel_ = -1;
   for (std::size_t done = 0; done < tile.size(); done += kRunsAtATime) {
-    const Runs part = tile.subspan(done, std::min(kRunsAtATime, tile.size() - done));
-    std::ranges::fill(found_, CellBoxes::kUnset);
-    for (std::size_t run = 0; run < part.size(); ++run) {
-      resolve(part[run], std::span(found_).subspan(run * levels, levels));
+    const std::size_t runs = std::min(kRunsAtATime, tile.size() - done);
+    for (std::size_t run = 0; run < runs; ++run) {
+      if (done + run + 1 < tile.size()) cells_.expect(tile[done + run + 1].last);
+      const auto column = std::span(columns_).subspan(run * levels, levels);
+      resolve(tile[done + run], column);
+      for (std::size_t level = 0; level < levels; ++level) merged_[level] |= column[level];
     }
     for (std::size_t level = 0; level < levels; ++level) {
-      uint32_t* pixel = &colours_[level * tile.size() + done];
-      for (std::size_t run = 0; run < part.size(); ++run) {
-        const Colour colour = found_[run * levels + level];
-        *pixel++ = colour == CellBoxes::kUnset ? kNone : pixelOf(colour);
-      }
+      uint32_t* const pixels = &colours_[level * tile.size() + done];
+      const uint32_t* const columns = &columns_[level];
+      for (std::size_t run = 0; run < runs; ++run) pixels[run] = columns[run * levels];
     }
   }
 }
 
 // The last column is painted over those before it, in the levels where it has a colour.
-void CellPainter::resolve(const PixelRun& run, std::span<Colour> colours) const {
-  std::size_t first = 0, end = colours.size();
-  for (int32_t column = run.last; column >= run.first; --column) {
-    cells_.fillIn(column, static_cast<int32_t>(first), colours.subspan(first, end - first));
-    while (first < end && colours[first] != CellBoxes::kUnset) ++first;
-    while (first < end && colours[end - 1] != CellBoxes::kUnset) --end;
-    if (first == end) return;
+void CellPainter::resolve(const PixelRun& run, std::span<uint32_t> pixels) {
+  const std::size_t known = cells_.pixels(run.last, 0, pixels);
+  std::ranges::fill(pixels.subspan(known), kNoPixel);
+  // All that are left out are from first up to end.
+  std::size_t first = anyLeftOut(pixels.first(known)) ? 0 : known, end = pixels.size();
+  for (int32_t column = run.last - 1; column >= run.first && first < end; --column) {
+    const std::size_t more = cells_.pixels(column, static_cast<int32_t>(first),
+                                           std::span(below_).first(end - first));
+    for (std::size_t k = 0; k < more; ++k) {
+      uint32_t& pixel = pixels[first + k];
+      pixel = pixel == kNoPixel ? below_[k] : pixel;
+    }
+    while (first < end && pixels[first] != kNoPixel) ++first;
+    while (first < end && pixels[end - 1] != kNoPixel) --end;
   }
 }
 
 // The last level is painted over those before it.
-void CellPainter::compose(Runs tile, const PixelRun& band) {
+CellPainter::Line CellPainter::compose(Runs tile, const PixelRun& band) {
   const auto levelOf = [&](int32_t level) {
     return std::span(colours_).subspan(at(level) * tile.size(), tile.size());
   };
-  std::ranges::copy(levelOf(band.last), runColours_.begin());
+  if ((merged_[at(band.last)] & kNotColour) == 0) {
+    if (lineLevel_ != band.last) wholeLine_ = widened(tile, levelOf(band.last));
+    lineLevel_ = band.last;
+    return {wholeLine_, true};
+  }
+  lineLevel_ = -1;
+  const std::span colours = std::span(runColours_).first(tile.size());
+  std::ranges::copy(levelOf(band.last), colours.begin());
   for (int32_t level = band.last - 1; level >= band.first; --level) {
     const std::span<const uint32_t> below = levelOf(level);
     for (std::size_t run = 0; run < below.size(); ++run) {
-      runColours_[run] = runColours_[run] == kNone ? below[run] : runColours_[run];
+      colours[run] = colours[run] == kNoPixel ? below[run] : colours[run];
     }
   }
-  if (line_.size() == tile.size()) {  // a pixel each
-    line_.swap(runColours_);
-    return;
-  }
-  uint32_t* pixel = line_.data();
-  for (std::size_t run = 0; run < tile.size(); ++run) {
-    pixel = std::fill_n(pixel, tile[run].end - tile[run].begin, runColours_[run]);
-  }
+  return {widened(tile, colours), !anyLeftOut(colours)};
 }
 
-void CellPainter::write(int32_t left, const PixelRun& band) {
-  bool onFresh = false, onInk = false;
-  for (int32_t y = band.begin; y < band.end; ++y) (fresh_[at(y)] != 0 ? onFresh : onInk) = true;
-  if (onInk) {
-    for (auto from = line_.begin(); from != line_.end();) {
-      from = std::find_if(from, line_.end(), [](uint32_t pixel) { return pixel != kNone; });
-      const auto end = std::find(from, line_.end(), kNone);
+// As many pixels as the runs are wide.
+std::span<uint32_t> CellPainter::widened(Runs tile, std::span<uint32_t> runColours) {
+  const std::size_t width = at(tile.back().end - tile.front().begin);
+  if (width == tile.size()) return runColours;
+  uint32_t* pixel = line_.data();
+  for (std::size_t run = 0; run < tile.size(); ++run) {
+    for (int32_t x = tile[run].begin; x < tile[run].end; ++x) *pixel++ = runColours[run];
+  }
+  return std::span(line_).first(width);
+}
+
+void CellPainter::write(int32_t left, const PixelRun& band, const Line& line) {
+  const std::span<uint32_t> pixels = line.pixels;
+  bool onInk = false;
+  for (int32_t y = band.begin; y < band.end; ++y) onInk = onInk || fresh_[at(y)] == 0;
+  if (onInk && !line.whole) {
+    for (auto from = pixels.begin(); from != pixels.end();) {
+      from = std::find_if(from, pixels.end(), [](uint32_t pixel) { return pixel != kNoPixel; });
+      const auto end = std::find(from, pixels.end(), kNoPixel);
       for (int32_t y = band.begin; y < band.end; ++y) {
         if (fresh_[at(y)] != 0) continue;
-        std::copy(from, end, rows_.start(y) + left + (from - line_.begin()));
+        std::copy(from, end, rows_.start(y) + left + (from - pixels.begin()));
       }
       from = end;
     }
   }
-  if (!onFresh) return;
-  std::ranges::replace(line_, kNone, kWhitePixel);
+  if (!line.whole) std::ranges::replace(pixels, kNoPixel, kWhitePixel);
   for (int32_t y = band.begin; y < band.end; ++y) {
-    if (fresh_[at(y)] != 0) std::ranges::copy(line_, rows_.start(y) + left);
+    if (fresh_[at(y)] != 0 || line.whole) std::ranges::copy(pixels, rows_.start(y) + left);
   }
 }
 

@@ -7,18 +7,9 @@
 
 #include "platform/CellBoxes.h"
 #include "platform/PictureBox.h"
+#include "platform/pixel.h"
 
 namespace platform {
-
-// A pixel 0x00RRGGBB of a colour.
-constexpr uint32_t pixelOf(Colour colour) {
-  const auto bits = static_cast<uint32_t>(colour);
-  return (bits & 0xFFU) << 16U | (bits & 0xFF00U) | (bits >> 16U & 0xFFU);
-}
-constexpr Colour colourOf(uint32_t pixel) {
-  return static_cast<Colour>((pixel >> 16U & 0xFFU) | (pixel & 0xFF00U) | (pixel & 0xFFU) << 16U);
-}
-constexpr uint32_t kWhitePixel = 0x00FFFFFF;
 
 // The memory of a surface of 32-bit pixels, with what is known of its rows: which are white, and
 // which only count as white until somebody looks. So clearing costs nothing, and a transfer

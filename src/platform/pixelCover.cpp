@@ -1,56 +1,62 @@
 #include "platform/pixelCover.h"
 
 #include <algorithm>
-#include <functional>
 
 #include "platform/PictureBox.h"
 
 namespace platform {
 namespace {
 
-// The first and the last cell that cover a pixel.
-struct Cover {
-  int32_t first = -1, last = -1;
-  bool operator==(const Cover&) const = default;
-};
+enum class Way { Rising, Falling, BackAndForth };
 
 // No number makes both comparisons fail.
-bool goOneWay(std::span<const float> edges) {
-  const auto holdsThroughout = [edges](auto ordered) {
-    return std::adjacent_find(edges.begin(), edges.end(), [&](float a, float b) {
-             return !ordered(a, b);
-           }) == edges.end();
-  };
-  return holdsThroughout(std::less_equal<>()) || holdsThroughout(std::greater_equal<>());
+Way wayOf(std::span<const float> edges) {
+  bool rises = true, falls = true;
+  for (std::size_t n = 1; n < edges.size(); ++n) {
+    rises &= edges[n - 1] <= edges[n];
+    falls &= edges[n - 1] >= edges[n];
+  }
+  if (rises) return Way::Rising;
+  return falls ? Way::Falling : Way::BackAndForth;
+}
+
+// Of rising edges, as pixels.
+std::vector<PixelRun> risingCover(std::span<const int32_t> edges, int32_t size) {
+  std::vector<PixelRun> runs;
+  runs.reserve(static_cast<std::size_t>(size));
+  const std::size_t cells = edges.size() - 1;
+  std::size_t first = 0, last = 0;
+  const int32_t end = std::min(edges.back(), size - 1);
+  for (int32_t pixel = std::max(edges.front(), 0); pixel <= end; ++pixel) {
+    while (edges[first + 1] < pixel) ++first;
+    while (last + 1 < cells && edges[last + 1] <= pixel) ++last;
+    const auto from = static_cast<int32_t>(first), to = static_cast<int32_t>(last);
+    if (!runs.empty() && runs.back().first == from && runs.back().last == to) {
+      runs.back().end = pixel + 1;
+    } else {
+      runs.push_back({pixel, pixel + 1, from, to});
+    }
+  }
+  return runs;
 }
 
 }  // namespace
 
 std::optional<std::vector<PixelRun>> pixelCover(std::span<const float> edges, int32_t size) {
-  std::vector<PixelRun> runs;
-  if (edges.size() < 2 || size < 1) return runs;
-  if (!goOneWay(edges)) return std::nullopt;
-  std::vector<Cover> covers(static_cast<std::size_t>(size));
-  int32_t before = nearestPixel(edges[0], size);
-  for (std::size_t cell = 0; cell + 1 < edges.size(); ++cell) {
-    const int32_t behind = nearestPixel(edges[cell + 1], size);
-    const int32_t first = std::max(std::min(before, behind), 0);
-    const int32_t last = std::min(std::max(before, behind), size - 1);
-    for (int32_t pixel = first; pixel <= last; ++pixel) {
-      Cover& cover = covers[static_cast<std::size_t>(pixel)];
-      cover.last = static_cast<int32_t>(cell);
-      if (cover.first < 0) cover.first = cover.last;
-    }
-    before = behind;
-  }
-  for (int32_t pixel = 0; pixel < size; ++pixel) {
-    const Cover cover = covers[static_cast<std::size_t>(pixel)];
-    if (cover.first < 0) continue;
-    if (!runs.empty() && Cover{runs.back().first, runs.back().last} == cover) {
-      runs.back().end = pixel + 1;
-    } else {
-      runs.push_back({pixel, pixel + 1, cover.first, cover.last});
-    }
+  if (edges.size() < 2 || size < 1) return std::vector<PixelRun>();
+  const Way way = wayOf(edges);
+  if (way == Way::BackAndForth) return std::nullopt;
+  std::vector<int32_t> pixels(edges.size());
+  nearestPixels(edges, size, pixels);
+  if (way == Way::Rising) return risingCover(pixels, size);
+  // Those that fall rise in the mirror.
+  for (int32_t& pixel : pixels) pixel = size - 1 - pixel;
+  std::vector<PixelRun> runs = risingCover(pixels, size);
+  std::ranges::reverse(runs);
+  for (PixelRun& run : runs) {
+    const int32_t begin = size - run.end;
+    run.end = size - run.begin;
+    run.begin = begin;
   }
   return runs;
 }

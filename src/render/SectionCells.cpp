@@ -10,7 +10,6 @@ namespace {
 constexpr std::size_t kAtATime = 256;
 
 }  // namespace
-
 std::optional<platform::Colour> SectionCells::colour(int32_t column, int32_t level) const {
   if (grid_.mark(column + 1, level + 1) == 0) return std::nullopt;
   return colourOf_(grid_.value(column + 1, level + 1));
@@ -26,26 +25,39 @@ bool SectionCells::mayFail() const {
   return colourOf_.mayFail(lowest);
 }
 
-void SectionCells::fillIn(int32_t column, int32_t level,
-                          std::span<platform::Colour> colours) const {
+std::size_t SectionCells::place(int32_t column, int32_t level) const {
+  return static_cast<std::size_t>(column) * static_cast<std::size_t>(grid_.nlevels()) +
+         static_cast<std::size_t>(level);
+}
+
+void SectionCells::expect(int32_t column) const {
+  const auto wet = static_cast<std::size_t>(deepest_[static_cast<std::size_t>(column)]);
+  const auto fetch = [wet](const auto* entries) {
+    constexpr std::size_t kCacheLine = 64 / sizeof *entries;
+    for (std::size_t k = 0; k < wet; k += kCacheLine) __builtin_prefetch(entries + k);
+  };
+  fetch(grid_.values().data() + place(column, 0));
+  fetch(grid_.marks().data() + place(column, 0));
+}
+
+std::size_t SectionCells::pixels(int32_t column, int32_t level,
+                                 std::span<uint32_t> pixels) const {
   // Below the bottom of the sea there is nothing, many levels long.
   const int32_t wet = deepest_[static_cast<std::size_t>(column)] - level;
-  if (wet <= 0) return;
-  colours = colours.first(std::min(colours.size(), static_cast<std::size_t>(wet)));
-  const auto first = static_cast<std::size_t>(column) * static_cast<std::size_t>(grid_.nlevels()) +
-                     static_cast<std::size_t>(level);
-  const auto marks = grid_.marks().subspan(first, colours.size());
-  const auto values = grid_.values().subspan(first, colours.size());
+  if (wet <= 0) return 0;
+  const std::size_t count = std::min(pixels.size(), static_cast<std::size_t>(wet));
+  const auto marks = grid_.marks().subspan(place(column, level), count);
+  const auto values = grid_.values().subspan(place(column, level), count);
   std::array<platform::Colour, kAtATime> found;
-  for (std::size_t done = 0; done < colours.size(); done += kAtATime) {
-    const auto part = colours.subspan(done, std::min(kAtATime, colours.size() - done));
-    const auto partMarks = marks.subspan(done, part.size());
-    colourOf_.lookUp(values.subspan(done, part.size()), std::span(found).first(part.size()));
-    for (std::size_t k = 0; k < part.size(); ++k) {
-      const bool wanted = part[k] == kUnset && partMarks[k] != 0;
-      part[k] = wanted ? found[k] & 0xFFFFFF : part[k];
+  for (std::size_t done = 0; done < count; done += kAtATime) {
+    const std::size_t part = std::min(kAtATime, count - done);
+    colourOf_.lookUp(values.subspan(done, part), found);
+    for (std::size_t k = 0; k < part; ++k) {
+      const uint32_t pixel = platform::pixelOf(found[k]);
+      pixels[done + k] = marks[done + k] == 0 ? platform::kNoPixel : pixel;
     }
   }
+  return count;
 }
 
 }  // namespace KelvaneMain

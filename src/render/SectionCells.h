@@ -22,9 +22,12 @@ class SectionCells final : public platform::CellBoxes {
 
   std::optional<platform::Colour> colour(int32_t column, int32_t level) const override;
   bool mayFail() const override;
-  void fillIn(int32_t column, int32_t level, std::span<platform::Colour> colours) const override;
+  void expect(int32_t column) const override;
+  std::size_t pixels(int32_t column, int32_t level, std::span<uint32_t> pixels) const override;
 
  private:
+  std::size_t place(int32_t column, int32_t level) const;
+
   const SectionGrid& grid_;
   std::span<const int32_t> deepest_;
   ModColor::CellColours colourOf_;

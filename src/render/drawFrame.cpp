@@ -20,15 +20,26 @@ using platform::PictureBox;
 constexpr double kColumnOrigin = 0.0;
 constexpr double kColumnWidth = 1.0;
 
+// The mapping of many edges, several at once as the processor can. It only rises or only falls, so
+// that no edge is beyond the single range where the two at the ends are not.
+std::vector<float> columnEdges(int32_t ncols) {
+  for (const int32_t i : {0, ncols}) WorldToSurface(kColumnOrigin + i * kColumnWidth, plot.WorldY2);
+  std::vector<float> edges(static_cast<std::size_t>(ncols) + 1);
+  const PlotGeometry geometry = plot;
+  for (int32_t i = 0; i <= ncols; ++i) {
+    const double place = SurfaceX(geometry, kColumnOrigin + i * kColumnWidth);
+    edges[static_cast<std::size_t>(i)] = static_cast<float>(place);
+  }
+  return edges;
+}
+
 // Column edges and level depths are mapped once for the whole grid, not once a cell.
 void DrawCellBlocks(PictureBox& surface) {
   const SectionGrid& grid = section_values;
   const int32_t nlevels = grid.nlevels();
-  const int32_t ncols = grid.ncols();
-  std::vector<float> edgeX, levelY;
-  for (int32_t i = 0; i <= ncols; ++i) {
-    edgeX.push_back(WorldToSurface(kColumnOrigin + i * kColumnWidth, plot.WorldY2).x);
-  }
+  const std::vector<float> edgeX = columnEdges(grid.ncols());
+  std::vector<float> levelY;
+  levelY.reserve(static_cast<std::size_t>(nlevels));
   for (int32_t k = 1; k <= nlevels; ++k) {
     levelY.push_back(WorldToSurface(plot.WorldX1, -grid.depth(k)).y);
   }

@@ -74,7 +74,7 @@ int32_t Cartesian(int32_t pwidth, int32_t phight, int32_t xoff, int32_t yoff) {
 }
 
 SurfacePoint WorldToSurface(double x, double y) {
-  return {util::storeSingle((x - plot.OriginX) * plot.ScaleX + plot.OffsetX),
+  return {util::storeSingle(SurfaceX(plot, x)),
           util::storeSingle(asDouble(plot.PlotHeightBase) -
                             ((y - plot.OriginY) * plot.ScaleY + plot.OffsetY))};
 }

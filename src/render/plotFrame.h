@@ -42,6 +42,11 @@ int32_t Cartesian(int32_t pwidth, int32_t phight, int32_t xoff, int32_t yoff);
 // World to surface coordinates; a point beyond the single range is run-time error 6.
 SurfacePoint WorldToSurface(double x, double y);
 
+// Its x before that is stored in a single.
+inline double SurfaceX(const PlotGeometry& geometry, double x) {
+  return (x - geometry.OriginX) * geometry.ScaleX + geometry.OffsetX;
+}
+
 // Tick steps for the magnitude of a range: distance, latitude and longitude axes; depth axis.
 float DistanceStep(float range);
 float DepthStep(float range);

@@ -22,6 +22,8 @@ using platform::PixelRun;
 using support::kFloatInfinity;
 using support::kFloatNan;
 
+constexpr Colour kUnset = -1;
+
 // Colours of cells in painting order; kUnset for those that are left out.
 class Grid final : public CellBoxes {
  public:
@@ -93,7 +95,7 @@ class CellBoxesTest : public testing::Test {
     const int32_t missing = below(4);
     std::vector<Colour> found(count);
     for (Colour& colour : found) {
-      colour = below(4) < missing ? CellBoxes::kUnset : below(0x1000000);
+      colour = below(4) < missing ? kUnset : below(0x1000000);
     }
     return found;
   }
@@ -164,9 +166,10 @@ TEST_F(CellBoxesTest, CostTheirPixelsAndNotTheirNumber) {
     using CellBoxes::CellBoxes;
     std::optional<Colour> colour(int32_t, int32_t) const override { return 5; }
     bool mayFail() const override { return false; }
-    void fillIn(int32_t, int32_t, std::span<Colour> colours) const override {
-      asked += colours.size();
-      std::ranges::fill(colours, 5);
+    std::size_t pixels(int32_t, int32_t, std::span<uint32_t> pixels) const override {
+      asked += pixels.size();
+      std::ranges::fill(pixels, 5U);
+      return pixels.size();
     }
     mutable std::size_t asked = 0;
   };
