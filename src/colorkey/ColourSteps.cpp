@@ -37,13 +37,12 @@ ColourSteps::ColourSteps(platform::Colour lowest, std::span<const Step> steps)
   firstStep_.resize(parts + 1, static_cast<uint32_t>(steps.size()));
   if (!onePerPart_) return;
   constexpr float kNever = std::numeric_limits<float>::quiet_NaN();
-  parts_.reserve(parts);
-  for (std::size_t in = 0; in < parts; ++in) {
+  parts_.reserve(parts + 1);
+  for (std::size_t in = 0; in <= parts; ++in) {
     const std::size_t first = firstStep_[in];
     const platform::Colour below = first == 0 ? lowest : steps_[first - 1].colour;
-    const bool hasStep = firstStep_[in + 1] > first;
-    parts_.push_back(hasStep ? Part{steps_[first].from, {below, steps_[first].colour}}
-                             : Part{kNever, {below, below}});
+    const bool hasStep = in < parts && firstStep_[in + 1] > first;
+    parts_.push_back({hasStep ? steps_[first].from : kNever, below});
   }
 }
 
@@ -65,8 +64,7 @@ void ColourSteps::lookUp(std::span<const float> values, std::span<platform::Colo
   // The parts first, several at a time as the processor can.
   for (std::size_t n = 0; n < values.size(); ++n) colours[n] = part(values[n]);
   for (std::size_t n = 0; n < values.size(); ++n) {
-    const Part& in = parts_[static_cast<std::size_t>(colours[n])];
-    colours[n] = in.colours[in.bound <= values[n] ? 1 : 0];
+    colours[n] = colourIn(colours[n], values[n]);
   }
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -27,19 +26,23 @@ class ColourSteps {
 
   platform::Colour operator()(float value) const {
     if (!onePerPart_) return search(value);
-    const Part& in = parts_[static_cast<std::size_t>(part(value))];
-    return in.colours[in.bound <= value ? 1 : 0];
+    return colourIn(part(value), value);
   }
 
   // The colours of many values, into as many places.
   void lookUp(std::span<const float> values, std::span<platform::Colour> colours) const;
 
  private:
-  // The colours of a part with one step or none in it, below the step and from it on.
+  // A part with one step or none in it: where the step is, and the colour below. From the step
+  // on the colour is that of the next part.
   struct Part {
     float bound;
-    std::array<platform::Colour, 2> colours;
+    platform::Colour below;
   };
+  platform::Colour colourIn(int32_t part, float value) const {
+    const Part* const in = parts_.data() + part;
+    return in[in->bound <= value ? 1 : 0].below;
+  }
 
   // Rounding is monotone, so that a larger value never falls into a part further down.
   int32_t part(float value) const {
@@ -51,7 +54,7 @@ class ColourSteps {
 
   std::vector<Step> steps_;
   std::vector<uint32_t> firstStep_;  // of each part; one more than there are parts
-  std::vector<Part> parts_;          // when none has more than one step
+  std::vector<Part> parts_;          // when none has more than one step, and one behind the last
   platform::Colour colourBelow_ = 0;
   float lowest_ = 0, partsPerUnit_ = 0, lastPart_ = 0;
   bool onePerPart_ = true;

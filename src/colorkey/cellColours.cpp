@@ -98,7 +98,7 @@ CellColours::CellColours(std::size_t cells) {
   if (bUseKey < 0) {
     key_.emplace();
   } else if (cells >= kManyCells && hasRampSteps()) {
-    ramp_.emplace(RampColour(std::numeric_limits<float>::lowest()), rampSteps());
+    ramp_ = rampLookup();
   }
 }
 

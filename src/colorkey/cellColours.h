@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -58,7 +59,7 @@ class CellColours {
   static platform::Colour rampColour(float value);
 
   std::optional<KeyLookup> key_;
-  std::optional<ColourSteps> ramp_;
+  std::shared_ptr<const ColourSteps> ramp_;
 };
 
 }  // namespace ModColor

@@ -94,17 +94,20 @@ std::vector<Step> makeFractionSteps() {
   return steps;
 }
 
+struct Ramp {
+  int32_t scheme = bUseKey, direction = RampDirection;
+  bool operator==(const Ramp&) const = default;
+};
+
 // They are the same for every data set, so that they are found once for each kind of ramp.
 const std::vector<Step>& fractionSteps() {
-  struct Known {
-    int32_t scheme = 0, direction = 0;
-    std::vector<Step> steps;
-  };
-  static Known known;
-  if (known.steps.empty() || known.scheme != bUseKey || known.direction != RampDirection) {
-    known = {bUseKey, RampDirection, makeFractionSteps()};
+  static Ramp known;
+  static std::vector<Step> steps;
+  if (const Ramp wanted; steps.empty() || known != wanted) {
+    steps = makeFractionSteps();
+    known = wanted;
   }
-  return known.steps;
+  return steps;
 }
 
 // The same as valueFraction, where that has a value, and monotone beyond.
@@ -151,6 +154,22 @@ std::vector<Step> rampSteps() {
     steps.push_back({value, step.colour});
   }
   return steps;
+}
+
+std::shared_ptr<const ColourSteps> rampLookup() {
+  struct Range {
+    Ramp ramp;
+    float lowest = ValueMin, span = ValueSpan;
+    bool operator==(const Range&) const = default;
+  };
+  static Range known;
+  static std::shared_ptr<const ColourSteps> lookup;
+  if (const Range wanted; !lookup || known != wanted) {
+    const platform::Colour below = RampColour(std::numeric_limits<float>::lowest());
+    lookup = std::make_shared<const ColourSteps>(below, rampSteps());
+    known = wanted;
+  }
+  return lookup;
 }
 
 }  // namespace ModColor

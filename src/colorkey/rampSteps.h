@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <vector>
 
 #include "colorkey/ColourSteps.h"
@@ -13,5 +14,9 @@ bool hasRampSteps();
 // of valueFraction has it for ValueMin, ValueSpan, RampDirection and bUseKey as they stand. The
 // colour below the first step is that of fractions far below 0.
 std::vector<ColourSteps::Step> rampSteps();
+
+// The same, ready to be looked up. As long as the ramp and the range stay the same they are found
+// only once.
+std::shared_ptr<const ColourSteps> rampLookup();
 
 }  // namespace ModColor
