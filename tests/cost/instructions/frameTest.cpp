@@ -61,7 +61,7 @@ class Frame : public testing::Test {
 };
 
 TEST_F(Frame, IsReadingMoreThanDrawing) {
-  EXPECT_LE(ratio("drawing beside reading", drawing(), bareReading(scene)), 0.4);
+  EXPECT_LE(ratio("drawing beside reading", drawing(), bareReading(scene)), 0.3);
 }
 
 // What the bare calls have the system do is not counted, so that this floor is rather low.
