@@ -7,17 +7,17 @@
 namespace platform {
 namespace {
 
-enum class Way { Rising, Falling, BackAndForth };
+enum class Direction { Rising, Falling, BackAndForth };
 
 // No number makes both comparisons fail.
-Way wayOf(std::span<const float> edges) {
+Direction directionOf(std::span<const float> edges) {
   bool rises = true, falls = true;
   for (std::size_t n = 1; n < edges.size(); ++n) {
     rises &= edges[n - 1] <= edges[n];
     falls &= edges[n - 1] >= edges[n];
   }
-  if (rises) return Way::Rising;
-  return falls ? Way::Falling : Way::BackAndForth;
+  if (rises) return Direction::Rising;
+  return falls ? Direction::Falling : Direction::BackAndForth;
 }
 
 // Of rising edges, as pixels.
@@ -44,11 +44,11 @@ std::vector<PixelRun> risingCover(std::span<const int32_t> edges, int32_t size) 
 
 std::optional<std::vector<PixelRun>> pixelCover(std::span<const float> edges, int32_t size) {
   if (edges.size() < 2 || size < 1) return std::vector<PixelRun>();
-  const Way way = wayOf(edges);
-  if (way == Way::BackAndForth) return std::nullopt;
+  const Direction direction = directionOf(edges);
+  if (direction == Direction::BackAndForth) return std::nullopt;
   std::vector<int32_t> pixels(edges.size());
   nearestPixels(edges, size, pixels);
-  if (way == Way::Rising) return risingCover(pixels, size);
+  if (direction == Direction::Rising) return risingCover(pixels, size);
   // Those that fall rise in the mirror.
   for (int32_t& pixel : pixels) pixel = size - 1 - pixel;
   std::vector<PixelRun> runs = risingCover(pixels, size);
