@@ -35,8 +35,8 @@ TEST_F(Drawing, OfCellsNarrowerThanAPixelIsOfPixels) {
   EXPECT_LE(ratio("4 times as many columns", drawing(), few), 1.8);
 }
 
-// Every pixel is written once, and read or written once more on its way to the visible picture.
-TEST_F(Drawing, CostsHardlyMoreThanTwoFillsOfThePicture) {
+// Every pixel is written once; one more pass over them is half a fill or more.
+TEST_F(Drawing, CostsLessThanTwoFillsOfThePicture) {
   useColumns(20'000);
   const int64_t small = drawing();
   scene.control().Resize(bench::kLargeScreen.width, bench::kLargeScreen.height);
