@@ -23,12 +23,12 @@ void setGraphMargins(const platform::PictureBox& surface, LabelSide side) {
 
 // The size of each of count graphs in the free room, with the gaps between them.
 float shareOf(float room, float gap, int32_t count) {
-  return storeSingle((asDouble(room) - asDouble(gap) * (count - 1)) / count);
+  return storeSingle((asDouble(room) - asDouble(gap) * (count - 1.0)) / count);
 }
 
 // The place of graph number index.
 float placeOf(float first, float size, float gap, int32_t index) {
-  return storeSingle((asDouble(size) + asDouble(gap)) * (index - 1) + asDouble(first));
+  return storeSingle((asDouble(size) + asDouble(gap)) * (index - 1.0) + asDouble(first));
 }
 
 }  // namespace

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+
 #include "render/plotFrame.h"
 #include "support/RecordingPictureBox.h"
 #include "support/sampleSets.h"
@@ -71,7 +73,8 @@ TEST_F(ProfileLayout, TheGapsOfManyGraphsLeaveNoRoomForThem) {
   const struct {
     int32_t graphs;
     bool room;
-  } cases[] = {{1, true}, {8, true}, {15, true}, {20, true}, {21, false}, {40, false}};
+  } cases[] = {{1, true},   {8, true},   {15, true},          {20, true},
+               {21, false}, {40, false}, {INT32_MIN, false}};
   for (const auto& c : cases) {
     EXPECT_EQ(LayoutGraphs(surface, 1, c.graphs, LabelSide::Left).hasRoom(), c.room) << c.graphs;
   }
