@@ -51,7 +51,10 @@ void takePermissions(const std::string& from, const std::string& to) {
 }  // namespace
 
 UnfinishedFile::UnfinishedFile(const std::string& path)
-    : target_(targetOf(path)), path_(partOf(target_)), signals_(path_) {}
+    : target_(targetOf(path)), path_(partOf(target_)), signals_(path_) {
+  const fs::path folder = fs::path(target_).parent_path();
+  if (::access(folder.empty() ? "." : folder.c_str(), W_OK | X_OK) != 0) fail(path);
+}
 
 UnfinishedFile::~UnfinishedFile() {
   if (!path_.empty()) ::unlink(path_.c_str());

@@ -1,7 +1,6 @@
 #include "commandLine.h"
 
 #include <algorithm>
-#include <map>
 
 #include "netcdf/remoteName.h"
 
@@ -107,6 +106,13 @@ void checkSize(const PictureRequest& request) {
                                        : "The following argument was not expected:";
   for (const std::string& extra : extras) text += " " + extra;
   throw CLI::ExtrasError(text, CLI::ExitCodes::ExtrasError);
+}
+
+// Names the word that stands where a command should; no word: returns.
+void refuseCommand(int argc, const char* const* argv) {
+  if (argc < 2 || argv[1][0] == '-') return;
+  throw CLI::ExtrasError(std::string("'") + argv[1] + "' is no subcommand",
+                         CLI::ExitCodes::ExtrasError);
 }
 
 // The command as it was typed, for the history of what it makes.
@@ -216,13 +222,9 @@ void CommandLine::defineFit() {
   CLI::Option* grid = addRead(*fit_, "--grid", "DX,DY", fitRequest_.grid, fit::readSpacing,
                               "a spacing in degrees like 0.25 or 0.25,0.2",
                               "Put everything on a regular grid of this spacing, degrees");
-  fit_->add_option("--method", fitRequest_.method,
-                   "How to find values on that grid: nearest (default) or bilinear")
-      ->transform(CLI::CheckedTransformer(
-                      std::map<std::string, fit::Method>{{"nearest", fit::Method::Nearest},
-                                                         {"bilinear", fit::Method::Bilinear}})
-                      .description(""))
-      ->type_name("NAME")
+  addRead(*fit_, "--method", "NAME", fitRequest_.method, fit::readMethod,
+          "one of nearest and bilinear",
+          "How to find values on that grid: nearest (default) or bilinear")
       ->needs(grid);
   fit_->footer("Example: kelvane fit era5.nc fitted.nc --vars t,u --box -80,20,-10,60");
 }
@@ -232,6 +234,9 @@ void CommandLine::parse(int argc, const char* const* argv) {
     app_.parse(argc, argv);
   } catch (const CLI::ExtrasError&) {
     refuseExtras(app_.remaining(true), argc, argv);
+  } catch (const CLI::RequiredError&) {
+    if (app_.get_subcommands().empty()) refuseCommand(argc, argv);
+    throw;
   }
   if (fit_->parsed()) fitRequest_.commandText = commandText(argc, argv);
   if (draw_->parsed()) checkSize(drawRequest_.picture);

@@ -3,6 +3,7 @@
 #include "diagnosis/diagnose.h"
 #include "failures.h"
 #include "infoForms.h"
+#include "sectionRequest.h"
 #include "terminal.h"
 
 namespace cli {
@@ -18,7 +19,7 @@ void info(const std::string& dataSet, InfoForm form) {
     if (diagnosis.verdict != diagnosis::Verdict::Unreadable) output.write(textForm(diagnosis));
   }
   output.finish();
-  if (!facts.failure.empty()) throw Failure(facts.failure);
+  if (!facts.failure.empty()) throw Failure(aboutDataSet(facts.dataSet, facts.failure));
 }
 
 }  // namespace cli

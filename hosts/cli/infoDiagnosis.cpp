@@ -43,14 +43,13 @@ std::string variablesText(const Diagnosis& diagnosis) {
   if (diagnosis.variables.empty()) return {};
   std::size_t width = 0;
   for (const VariableFinding& variable : diagnosis.variables) {
-    width = std::max(width, variable.name.size());
+    width = std::max(width, columnsOf(variable.name));
   }
   constexpr std::size_t widest = 45;
   std::string text = "\nVariables:\n";
   for (const VariableFinding& variable : diagnosis.variables) {
-    std::string name = variable.name;
-    name.resize(std::max(name.size(), std::min(width, widest)), ' ');
-    text += (variable.drawable ? "  yes   " : "  no    ") + printable(name) + "  " +
+    const std::string name = padded(printable(variable.name), std::min(width, widest));
+    text += (variable.drawable ? "  yes   " : "  no    ") + name + "  " +
             (variable.drawable ? "can be drawn" : printable(variable.reason)) + "\n";
   }
   return text;

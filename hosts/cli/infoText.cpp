@@ -18,11 +18,6 @@ std::string joined(const std::vector<std::string>& parts) {
   return text;
 }
 
-std::string padded(std::string text, std::size_t width) {
-  if (text.size() < width) text.resize(width, ' ');
-  return text;
-}
-
 std::string bracketed(const std::string& units) {
   std::string text;
   if (!units.empty()) text.append("[").append(units).append("]");
@@ -107,8 +102,8 @@ std::string itemsText(const DataSetFacts& facts) {
   if (facts.items.empty()) return text;
   std::size_t nameWidth = 0, unitsWidth = 0;
   for (const DataSetFacts::Item& item : facts.items) {
-    nameWidth = std::max(nameWidth, item.name.size());
-    unitsWidth = std::max(unitsWidth, bracketed(item.units).size());
+    nameWidth = std::max(nameWidth, columnsOf(item.name));
+    unitsWidth = std::max(unitsWidth, columnsOf(bracketed(item.units)));
   }
   text += "\nItems that the control offers:\n";
   for (std::size_t at = 0; at < facts.items.size(); ++at) {

@@ -2,9 +2,11 @@
 
 #include <filesystem>
 
+#include "diagnosis/remedy.h"
 #include "failures.h"
 #include "nameList.h"
 #include "netcdf/ncf.h"
+#include "netcdf/remoteName.h"
 #include "section/drawItems.h"
 #include "terminal.h"
 #include "util/lastError.h"
@@ -57,8 +59,16 @@ std::string range(const ocxNetNc::CoordinateValues& values) {
                 "\nItems that can be drawn: " + nameList(items));
 }
 
-[[noreturn]] void refusePath(const control::KelvaneCtl& control) {
+// What a data set that was read is not taken for is told elsewhere in full.
+std::string hint(const std::string& name) {
+  const std::string word = diagnosis::shellWord(ocxNetNc::withoutCredentials(name));
+  return ncf.NcDims.empty() ? ""
+                            : "\nWhat is wrong and what helps is told by: kelvane info " + word;
+}
+
+[[noreturn]] void refusePath(const control::KelvaneCtl& control, const std::string& name) {
   std::string text = control.ErrorMessage();
+  if (!(ncf.dlon > 0) || !(ncf.dlat > 0)) throw Failure(text + hint(name));
   if (!ncf.lon_values.empty() && !ncf.lat_values.empty()) {
     text += "\nThe grid covers longitudes " + range(ncf.lon_values) + " and latitudes " +
             range(ncf.lat_values) + ".";
@@ -85,15 +95,21 @@ std::optional<std::string> openDataSet(control::KelvaneCtl& control, const std::
   return reason.empty() ? silentReason() : reason;
 }
 
+std::string aboutDataSet(const std::string& name, const std::string& reason) {
+  return name.empty() ? reason : ocxNetNc::withoutCredentials(name) + ": " + reason;
+}
+
 void prepareSection(control::KelvaneCtl& control, const SectionRequest& request) {
-  if (const auto reason = openDataSet(control, request.dataSet)) throw Failure(*reason);
+  if (const auto reason = openDataSet(control, request.dataSet)) {
+    throw Failure(aboutDataSet(request.dataSet, *reason) + hint(request.dataSet));
+  }
   if (request.variable && control.SetVarByName(*request.variable) != 1) {
     refuseVariable(control, *request.variable);
   }
   noteBackwardSegments(request.path);
   control.NewSection();
   for (const PathPoint& point : request.path) control.AddSection(point.lon, point.lat);
-  if (control.EndSection() != 1) refusePath(control);
+  if (control.EndSection() != 1) refusePath(control, request.dataSet);
 }
 
 std::string shortfallOf(control::KelvaneCtl& control, TerminalDesktop& desktop,

@@ -22,6 +22,9 @@ struct SectionRequest {
 // own text or, where it leaves none, which step of the recognition failed.
 std::optional<std::string> openDataSet(control::KelvaneCtl& control, const std::string& name);
 
+// A reason with the data set's name before it.
+std::string aboutDataSet(const std::string& name, const std::string& reason);
+
 // Has the control open the data set, select the variable and build the path. Throws Failure
 // with the reason. Notes for the user go to standard error.
 void prepareSection(control::KelvaneCtl& control, const SectionRequest& request);

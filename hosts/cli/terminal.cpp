@@ -109,6 +109,17 @@ std::string printable(std::string_view text, LineFeeds lineFeeds) {
   return result;
 }
 
+std::size_t columnsOf(std::string_view text) {
+  // The bytes that continue a character in UTF-8 take no column.
+  return static_cast<std::size_t>(std::ranges::count_if(
+      text, [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; }));
+}
+
+std::string padded(std::string text, std::size_t columns) {
+  const std::size_t taken = columnsOf(text);
+  return taken < columns ? text.append(columns - taken, ' ') : text;
+}
+
 void prepareWriting() {
   for (int descriptor = STDIN_FILENO; descriptor <= STDERR_FILENO; ++descriptor) {
     if (::fcntl(descriptor, F_GETFD) < 0 && errno == EBADF) {

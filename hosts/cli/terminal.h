@@ -37,6 +37,11 @@ bool outputTakesColours();
 enum class LineFeeds { Keep, Replace };
 std::string printable(std::string_view text, LineFeeds lineFeeds = LineFeeds::Replace);
 
+// The number of characters of a text, as far as each takes one column.
+std::size_t columnsOf(std::string_view text);
+// The text with blanks behind it up to a number of columns.
+std::string padded(std::string text, std::size_t columns);
+
 // To be called before anything is opened. Makes sure that the three standard descriptors are
 // taken, so that no file that is opened later is mistaken for one of them, and that a closed pipe
 // or a limit on the size of files is an error of writing like any other.

@@ -20,11 +20,17 @@ class BadInput : public CliTest {
   std::string expectRefused(const std::string& name, const std::string& reason) const {
     const Result info = kelvane({"info", name});
     EXPECT_EQ(info.status, 1) << name;
-    EXPECT_TRUE(contains(info.err, "kelvane: " + reason)) << info.err;
+    const std::string said = "kelvane: " + (name.empty() ? "" : name + ": ") + reason;
+    EXPECT_TRUE(contains(info.err, said)) << info.err;
     EXPECT_EQ(count(info.err, "kelvane: "), 1) << info.err;
     const Result draw = kelvane({"draw", name, "--path", kSmallPath, "-o", "a.png"});
     EXPECT_EQ(draw.status, 1) << name;
-    EXPECT_TRUE(contains(draw.err, "kelvane: " + reason)) << draw.err;
+    EXPECT_TRUE(contains(draw.err, said)) << draw.err;
+    // Of what could be read there is more to say.
+    const bool read = json::parse(kelvane({"info", "--json", name}).out)["format"] != json();
+    EXPECT_EQ(contains(draw.err, "\nWhat is wrong and what helps is told by: kelvane info " + name),
+              read)
+        << draw.err;
     EXPECT_FALSE(exists("a.png"));
     return info.out;
   }
@@ -64,12 +70,9 @@ TEST_F(BadInput, FilesThatAreNoDataSets) {
   std::filesystem::copy_file(file("small.nc"), file("cut.nc"));
   std::filesystem::resize_file(file("cut.nc"), 200);
   const std::pair<const char*, const char*> cases[] = {
-      {"missing.nc", "No such file or directory"},
-      {"", "NetCDF: Malformed URL"},
-      {"empty.nc", "NetCDF: Unknown file format"},
-      {"text.nc", "NetCDF: Unknown file format"},
-      {"folder", "NetCDF: Unknown file format"},
-      {"cut.nc", "NetCDF: Unknown file format"},
+      {"missing.nc", "No such file or directory"}, {"", "NetCDF: Malformed URL"},
+      {"empty.nc", "NetCDF: Unknown file format"}, {"text.nc", "NetCDF: Unknown file format"},
+      {"folder", "NetCDF: Unknown file format"},   {"cut.nc", "NetCDF: Unknown file format"},
   };
   for (const auto& [name, reason] : cases) {
     EXPECT_EQ(expectRefused(name, reason), "") << name;

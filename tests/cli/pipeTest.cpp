@@ -10,7 +10,7 @@ TEST_F(CliTest, APipeIsNoDataSet) {
   ASSERT_EQ(mkfifo(file("pipe.nc").c_str(), 0600), 0);
   const Result result = kelvane({"info", "pipe.nc"});
   EXPECT_EQ(result.status, 1);
-  EXPECT_EQ(result.err, "kelvane: NetCDF: Unknown file format\n");
+  EXPECT_EQ(result.err, "kelvane: pipe.nc: NetCDF: Unknown file format\n");
 }
 
 }  // namespace

@@ -4,6 +4,12 @@
 
 namespace {
 
+TEST(Columns, AreThoseOfCharactersNotOfBytes) {
+  EXPECT_EQ(cli::columnsOf("W\xC3\xA4rme \xE6\xB5\xB7 \xF0\x9F\x8C\x8A"), 9U);
+  EXPECT_EQ(cli::padded("\xC3\xA4", 3), "\xC3\xA4  ");
+  EXPECT_EQ(cli::padded("abcd", 3), "abcd");
+}
+
 TEST(Printable, CharactersThatSteerATerminalBecomeBlanks) {
   const std::pair<std::string, std::string> cases[] = {
       {"plain \xC3\xA9\xE2\x82\xAC\xF0\x9F\x8C\x8A", "plain \xC3\xA9\xE2\x82\xAC\xF0\x9F\x8C\x8A"},

@@ -43,7 +43,7 @@ TEST_F(Usage, ErrorsNameTheFaultAndEndWithTwo) {
   const std::string path = kSmallPath;
   const WrongUsage cases[] = {
       {{}, "subcommand", "'kelvane --help'"},
-      {{"paint"}, "subcommand", "'kelvane --help'"},
+      {{"paint"}, "'paint' is no subcommand", "'kelvane --help'"},
       {{"--nonsense"}, "subcommand", "'kelvane --help'"},
       {{"info"}, "file is required", "'kelvane info --help'"},
       {{"info", "--nonsense", "small.nc"}, "--nonsense", "'kelvane info --help'"},
@@ -111,6 +111,10 @@ TEST_F(Usage, ErrorsNameTheFaultAndEndWithTwo) {
        "not expected: --time 3 x --y=1 z\n",
        "animate --help"},
       {{"--x", "info", "small.nc", "--y", "3"}, "not expected: --x --y 3\n", "info --help"},
+      {{"fit", "small.nc"}, "out is required", "'kelvane fit --help'"},
+      {{"fit", "small.nc", "a.nc", "--grid", "1", "--method", "1"},
+       "--method: '1' is not one of nearest and bilinear",
+       "'kelvane fit --help'"},
       {{"key"}, "file is required", "'kelvane key --help'"},
       {{"key", "a.kew", "b.kew"}, "b.kew", "'kelvane key --help'"},
       {{"values", "small.nc"}, "--path is required", "'kelvane values --help'"},
@@ -154,7 +158,7 @@ TEST_F(Usage, ErrorsShowNoUserAndPasswordOfAnAddress) {
 TEST_F(Usage, TheManPageNamesEveryOptionThatTheHelpNames) {
   const std::string page = fileText(MAN_PAGE);
   ASSERT_TRUE(contains(page, ".Nm kelvane"));
-  for (const char* command : {"info", "draw", "animate", "values", "key"}) {
+  for (const char* command : {"info", "draw", "animate", "values", "key", "fit"}) {
     EXPECT_TRUE(contains(page, ".It Cm " + std::string(command))) << command;
     const std::string help = kelvane({command, "--help"}).out;
     int options = 0;

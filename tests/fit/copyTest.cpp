@@ -55,7 +55,7 @@ TEST_F(FitCopy, RefusesPlacesThatAreNoFiles) {
   for (const auto& [name, reason] : std::vector<std::pair<std::string, std::string>>{
            {"folder", "Is a directory"},
            {"/dev/full", "Not a regular file"},
-           {"none/out.nc", "No such file"},
+           {"none/out.nc", "Cannot write \"none/out.nc\": No such file"},
            {"http://127.0.0.1/x.nc", "must be a file"}}) {
     const Result result = kelvane({"fit", "in.nc", name});
     EXPECT_EQ(result.status, 1) << name;

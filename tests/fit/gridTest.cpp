@@ -271,6 +271,19 @@ TEST_F(FitGrid, StaggeredGridsBecomeOne) {
   }
 }
 
+// The plain set has longitudes 10 to 14 and latitudes -1 to 2.
+TEST_F(FitGrid, ABoxOutsideOfTheDataIsRefused) {
+  for (const std::string box : {"20,0,25,2", "-5,0,5,2", "15,0,9,2", "10,3,14,5", "10,-9,14,-2"}) {
+    EXPECT_EQ(refusal({}, {"--grid", "1", "--box", box}),
+              "kelvane: The box lies outside of the data, which have longitudes 10 to 14 and "
+              "latitudes -1 to 2.\n")
+        << box;
+  }
+  for (const std::string box : {"14,2,16,4", "350,-1,11,2", "-350,0,-346,2", "11.2,0.2,11.8,0.8"}) {
+    fit({}, {"--grid", "0.5", "--box", box}, {});
+  }
+}
+
 TEST_F(FitGrid, IsProposedWhereItIsNeeded) {
   sheared(-30, 10, 0.7).make(in());
   EXPECT_EQ(refusalOfMade(),

@@ -53,6 +53,9 @@ bool endsHorizontally(const Recognition& found, const std::vector<int>& dimensio
 
 // Why no section of an item can be read; empty when it can.
 std::string whyNotRead(const Header& header, const Recognition& found, const Variable& variable) {
+  if (found.longitude.variable < 0 || found.latitude.variable < 0) {
+    return "the data set has no longitude and latitude";
+  }
   if (!found.isRegular()) return "longitude and latitude are no axes";
   if (!endsHorizontally(found, variable.dims)) {
     return "its last two dimensions are not " + nameOf(header, found.latitude.dimension) + " and " +

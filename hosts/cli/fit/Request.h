@@ -46,6 +46,8 @@ std::optional<Box> readBox(std::string_view text);
 std::optional<Spacing> readSpacing(std::string_view text);
 // "name=index".
 std::optional<Selected> readSelected(std::string_view text);
+// "nearest" or "bilinear".
+std::optional<Method> readMethod(std::string_view text);
 // "a,b,c", none of them empty.
 std::optional<std::vector<std::string>> readNames(std::string_view text);
 

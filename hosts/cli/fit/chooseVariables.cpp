@@ -64,17 +64,18 @@ std::string leftOut(const Draft& draft) {
     return isPlain(draft, number) && draft.placing(number).kind != GridKind::None;
   });
   if (placed != candidates.end()) {
-    throw Failure(
-        "There is no section to draw: no variable has a vertical dimension beside its "
-        "longitude and latitude. The first one is " +
-        draft.described(*placed) + "." + leftOut(draft));
+    throw Failure("There is no section to draw: no variable" +
+                  std::string(draft.request.variables.empty() ? "" : " that was asked for") +
+                  " has a vertical dimension beside its longitude and latitude. The first one is " +
+                  draft.described(*placed) + "." + leftOut(draft));
   }
   const auto largest = std::ranges::max_element(candidates, {}, [&](int number) {
     return isPlain(draft, number) ? draft.inVar(number).dims.size() : 0;
   });
   if (largest == candidates.end() || !isPlain(draft, *largest)) {
-    throw Failure("There is nothing to draw: no variable has two dimensions or more." +
-                  leftOut(draft));
+    throw Failure("There is nothing to draw: no variable" +
+                  std::string(draft.request.variables.empty() ? "" : " that was asked for") +
+                  " has two dimensions or more." + leftOut(draft));
   }
   throw Failure("No longitude and latitude were found for " + draft.described(*largest) +
                 ": no variables on its dimensions have units of degrees east and degrees north." +

@@ -17,11 +17,7 @@ struct Extent {
   double south = 90, north = -90;
 };
 
-Extent extentOf(const Draft& draft) {
-  if (const auto& box = draft.request.box) {
-    const bool whole = box->east - box->west >= 360.0;
-    return {{box->west, box->east, whole}, box->south, box->north};
-  }
+Extent dataExtent(const Draft& draft) {
   Extent extent;
   std::vector<double> lons;
   for (const Regridding& each : draft.plan.regriddings) {
@@ -34,6 +30,26 @@ Extent extentOf(const Draft& draft) {
   }
   extent.lon = spanOf(lons);
   return extent;
+}
+
+std::string rangeText(double first, double last) {
+  return util::generalText(static_cast<float>(first)) + " to " +
+         util::generalText(static_cast<float>(last));
+}
+
+Extent extentOf(const Draft& draft) {
+  const Extent data = dataExtent(draft);
+  const auto& box = draft.request.box;
+  if (!box) return data;
+  const bool beside = !data.lon.whole && eastOf(box->west, data.lon.west) > box->east &&
+                      eastOf(data.lon.west, box->west) > data.lon.east;
+  if (beside || box->north < data.south || box->south > data.north) {
+    throw Failure("The box lies outside of the data, which have longitudes " +
+                  rangeText(data.lon.west, data.lon.east) + " and latitudes " +
+                  rangeText(data.south, data.north) + ".");
+  }
+  const bool whole = box->east - box->west >= 360.0;
+  return {{box->west, box->east, whole}, box->south, box->north};
 }
 
 // first, first + step, ... up to last; without a box the nodes are multiples of the step.
@@ -86,9 +102,7 @@ int addAxis(Draft& draft, const std::string& name, const std::string& direction,
 }
 
 std::string sizeText(const std::vector<double>& values) {
-  return std::to_string(values.size()) + " (" +
-         util::generalText(static_cast<float>(values.front())) + " to " +
-         util::generalText(static_cast<float>(values.back())) + ")";
+  return std::to_string(values.size()) + " (" + rangeText(values.front(), values.back()) + ")";
 }
 
 bool lies(const PlanVar& variable, const std::vector<int>& dims) {

@@ -67,6 +67,12 @@ std::optional<Selected> readSelected(std::string_view text) {
   return Selected{std::string(text.substr(0, sign)), *index};
 }
 
+std::optional<Method> readMethod(std::string_view text) {
+  if (text == "nearest") return Method::Nearest;
+  if (text == "bilinear") return Method::Bilinear;
+  return std::nullopt;
+}
+
 std::optional<std::vector<std::string>> readNames(std::string_view text) {
   std::vector<std::string> names = pieces(text, ',');
   for (const std::string& name : names) {
