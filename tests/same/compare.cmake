@@ -5,6 +5,11 @@ file(REMOVE_RECURSE ${WORK})
 file(MAKE_DIRECTORY ${WORK})
 if(FILE STREQUAL "ATLAS")
   set(data ${ATLAS})
+elseif(FILE STREQUAL "fitted.nc")
+  # A climatology that the control does not draw, in the copy that the native tool makes of it.
+  set(data ${WORK}/fitted.nc)
+  execute_process(COMMAND ${FIT} fit ${CLIMATOLOGY} ${data} OUTPUT_QUIET
+    COMMAND_ERROR_IS_FATAL ANY)
 else()
   execute_process(COMMAND ${SAMPLES} ${WORK} COMMAND_ERROR_IS_FATAL ANY)
   set(data ${WORK}/${FILE})
