@@ -7,6 +7,7 @@
 #include <fstream>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 #include "underCallgrind.h"
 
@@ -33,11 +34,13 @@ int64_t Instructions::count() {
   CALLGRIND_STOP_INSTRUMENTATION;
   CALLGRIND_DUMP_STATS;
   std::ifstream report(nextReport());
+  int64_t total = 0;
   for (std::string line; std::getline(report, line);) {
     constexpr std::string_view kTotals = "totals: ";
-    if (line.starts_with(kTotals)) return std::stoll(line.substr(kTotals.size()));
+    if (line.starts_with(kTotals)) total = std::stoll(line.substr(kTotals.size()));
   }
-  throw std::runtime_error("callgrind's report has no total");
+  if (total <= 0) throw std::runtime_error("callgrind has counted nothing");
+  return total;
 }
 
 double ratio(const char* what, int64_t cost, int64_t of) {
