@@ -93,7 +93,8 @@ def windows(path):
         figures = json.loads(line)
         floor = min(*figures["columns"], *figures["box"]) + min(figures["fill"])
         target = Target(WITHIN) if figures["name"] == "regional-classic" else None
-        for what, times in (("AdvanceTime", figures["frame"]), ("ReDraw", figures["redraw"])):
+        for what, times in (("AdvanceTime", figures["frame"]), ("ReDraw", figures["redraw"]),
+                            ("ReDraw with contour lines", figures["contours"])):
             table.add(f"{what}, {figures['name']}, {figures['cells']}", min(times), floor,
                       figure=min(times) / floor, target=target)
     return table

@@ -83,6 +83,14 @@ class Tables(unittest.TestCase):
         bound = 18 + 4 * 4 * 1000 * 600 / 2**20
         self.assertEqual(table.rows[0][1:5], ["40.0", "20.0", number(bound), number(20 / bound)])
 
+    def test_the_control_is_held_to_its_own_floor(self):
+        line = {"name": "regional-classic", "cells": "9 columns", "frame": [14, 12], "redraw": [2],
+                "contours": [30, 24], "columns": [40], "box": [9, 11], "fill": [3]}
+        table = processes.windows(self.write("windows.json", line))
+        self.assertEqual([row[3:] for row in table.rows],
+                         [["1.00", "at most 1.50", "met"], ["0.167", "at most 1.50", "met"],
+                          ["2.00", "at most 1.50", "MISSED"]])
+
     def test_a_further_step_is_what_more_steps_add(self):
         def took(milliseconds):
             return {"wall": [milliseconds], "cpu": [milliseconds], "peak": [1], "failures": 0}

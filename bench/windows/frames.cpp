@@ -20,6 +20,7 @@
 #include "BlankPictureBox.h"
 #include "ComOwner.h"
 #include "Form.h"
+#include "activex/dialogs/ids.h"
 #include "control/KelvaneCtl.h"
 #include "netcdf/ncf.h"
 #include "section/sectionPath.h"
@@ -69,6 +70,21 @@ void open(host::Object& control, const std::string& file, const Corners& corners
   for (const auto& [x, y] : corners) control.call(L"AddSection", {x, y});
   mustBeOne(control, control.call(L"EndSection"));
   control.call(L"SetCurrentTime", {1});
+}
+
+void CALLBACK chooseContourLines(HWND, UINT, UINT_PTR, DWORD) {
+  const HWND dialog = FindWindowW(nullptr, L"Section View Options");
+  if (dialog == nullptr) return;
+  for (const int button : {IDC_OPTVIEWSTYLE1, IDOK}) {
+    SendDlgItemMessageW(dialog, button, BM_CLICK, 0, 0);
+  }
+}
+
+// As a user does it: only the dialog can, which lets the thread's timers run.
+void turnContourLinesOn(host::Object& control) {
+  const UINT_PTR timer = SetTimer(nullptr, 0, 20, chooseContourLines);
+  control.call(L"ShowOptions");
+  KillTimer(nullptr, timer);
 }
 
 // What is measured, with its times.
@@ -122,6 +138,10 @@ void run(const std::string& name, const std::string& file, const Corners& corner
                               },
                               {}}};
   measure(parts, frames);
+  turnContourLinesOn(form.control());
+  std::vector<Part> withContours = {{"contours", parts[1].work, {}}};
+  measure(withContours, frames);
+  parts.push_back(withContours.front());
   if (!form.answerer().boxes().empty()) {
     throw host::HostError(E_FAIL, host::narrow(form.answerer().boxes().front().text));
   }
