@@ -78,6 +78,8 @@ class AheadShapes : public NcTest, public testing::WithParamInterface<unsigned> 
       const std::size_t deep = random() % (rank - 2);
       reads.start[deep] = 0;
       reads.count[deep] = shape[deep];
+      // Beyond the variable's shape.
+      if (oneIn(8)) ++reads.start[random() % (rank - 2)];
     }
     reads.places = path();
     return reads;
@@ -123,7 +125,7 @@ class AheadShapes : public NcTest, public testing::WithParamInterface<unsigned> 
 
 TEST_P(AheadShapes, GiveTheBitsOfSingleReads) {
   using NetCDF::EntryPoints;
-  for (int turn = 0; turn < 15; ++turn) {
+  for (int turn = 0; turn < 30; ++turn) {
     SCOPED_TRACE(turn);
     ASSERT_NO_FATAL_FAILURE(make());
     ASSERT_NO_FATAL_FAILURE(expectTheBitsOfSingleReads(&EntryPoints::nc_get_vars_short));

@@ -242,6 +242,19 @@ TEST_F(ReadAheadTest, StaysWithinItsMemory) {
   }
 }
 
+// What a batch needs beside its values is much where there are few levels.
+TEST_F(ReadAheadTest, CountsMoreThanTheValues) {
+  make();
+  path.clear();
+  for (std::size_t n = 0; n < 70; ++n) path.push_back({n / kColumns, n % kColumns});
+  AheadLimits limits;
+  limits.staged = 70 * 4 * kLevels;
+  announceReads(coming(), limits);
+  expectPath();
+  EXPECT_GE(beneath.reads.size(), 3U);
+  EXPECT_LE(beneath.reads.size(), 20U);
+}
+
 TEST_F(ReadAheadTest, IsNotForASingleRead) {
   make({1, 1, 10, 10});
   path.resize(1);
