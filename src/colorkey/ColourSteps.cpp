@@ -63,6 +63,7 @@ void ColourSteps::lookUp(std::span<const float> values, std::span<platform::Colo
   }
   // The parts first, several at a time as the processor can.
   for (std::size_t n = 0; n < values.size(); ++n) colours[n] = part(values[n]);
+#pragma GCC unroll 4
   for (std::size_t n = 0; n < values.size(); ++n) {
     colours[n] = colourIn(colours[n], values[n]);
   }

@@ -21,6 +21,18 @@ bool anyLeftOut(std::span<const uint32_t> pixels) {
   return (all & kNotColour) != 0;
 }
 
+// Writes columns of pixels as rows that many pixels apart. How many columns is best known when
+// this is compiled; 0 where it is not.
+template <std::size_t kColumns>
+void turn(std::span<const uint32_t> columns, std::size_t count, uint32_t* rows,
+          std::size_t apart) {
+  const std::size_t inARow = kColumns == 0 ? count : kColumns;
+  const std::size_t height = columns.size() / kRunsAtATime;
+  for (std::size_t y = 0; y < height; ++y, rows += apart) {
+    for (std::size_t x = 0; x < inARow; ++x) rows[x] = columns[x * height + y];
+  }
+}
+
 }  // namespace
 
 bool CellPainter::paint() {
@@ -45,7 +57,7 @@ void CellPainter::reserve(std::size_t runs, int32_t pixels) {
   const std::size_t levels = at(cells_.levels());
   below_.resize(levels);
   columns_.resize(kRunsAtATime * levels);
-  colours_.resize(runs * levels);
+  colours_ = std::make_unique_for_overwrite<uint32_t[]>(runs * levels);
   merged_.resize(levels);
   runColours_.resize(runs);
   line_.resize(at(pixels));
@@ -76,12 +88,12 @@ void CellPainter::gather(Runs tile) {
       if (done + run + 1 < tile.size()) cells_.expect(tile[done + run + 1].last);
       const auto column = std::span(columns_).subspan(run * levels, levels);
       resolve(tile[done + run], column);
-      for (std::size_t level = 0; level < levels; ++level) merged_[level] |= column[level];
     }
-    for (std::size_t level = 0; level < levels; ++level) {
-      uint32_t* const pixels = &colours_[level * tile.size() + done];
-      const uint32_t* const columns = &columns_[level];
-      for (std::size_t run = 0; run < runs; ++run) pixels[run] = columns[run * levels];
+    uint32_t* const first = &colours_[done];
+    if (runs == kRunsAtATime) {
+      turn<kRunsAtATime>(columns_, runs, first, tile.size());
+    } else {
+      turn<0>(columns_, runs, first, tile.size());
     }
   }
 }
@@ -102,12 +114,13 @@ void CellPainter::resolve(const PixelRun& run, std::span<uint32_t> pixels) {
     while (first < end && pixels[first] != kNoPixel) ++first;
     while (first < end && pixels[end - 1] != kNoPixel) --end;
   }
+  for (; first < end; ++first) merged_[first] |= pixels[first];
 }
 
 // The last level is painted over those before it.
 CellPainter::Line CellPainter::compose(Runs tile, const PixelRun& band) {
   const auto levelOf = [&](int32_t level) {
-    return std::span(colours_).subspan(at(level) * tile.size(), tile.size());
+    return std::span(&colours_[at(level) * tile.size()], tile.size());
   };
   if ((merged_[at(band.last)] & kNotColour) == 0) {
     if (lineLevel_ != band.last) wholeLine_ = widened(tile, levelOf(band.last));
@@ -152,7 +165,9 @@ void CellPainter::write(int32_t left, const PixelRun& band, const Line& line) {
       from = end;
     }
   }
-  if (!line.whole) std::ranges::replace(pixels, kNoPixel, kWhitePixel);
+  if (!line.whole) {
+    for (uint32_t& pixel : pixels) pixel &= kWhitePixel;  // all that is left out
+  }
   for (int32_t y = band.begin; y < band.end; ++y) {
     if (fresh_[at(y)] != 0 || line.whole) std::ranges::copy(pixels, rows_.start(y) + left);
   }

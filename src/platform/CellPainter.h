@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <vector>
 
@@ -41,8 +42,8 @@ class CellPainter {
   PixelRows& rows_;
   std::vector<uint32_t> below_;       // of a column that another one is painted over
   std::vector<uint32_t> columns_;     // of some runs, run by run
-  std::vector<uint32_t> colours_;     // of a tile, level by level
-  std::vector<uint32_t> merged_;      // the bits of all colours of such a level
+  std::unique_ptr<uint32_t[]> colours_;  // of a tile, level by level
+  std::vector<uint32_t> merged_;      // the bits of all of a level, if some are left out
   std::vector<uint32_t> runColours_;  // of a band
   std::vector<uint32_t> line_;        // the pixels of that band
   int32_t lineLevel_ = -1;            // a level without gaps, and its pixels

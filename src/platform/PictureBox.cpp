@@ -65,12 +65,14 @@ int32_t nearestPixel(float coordinate, int32_t size) {
 void nearestPixels(std::span<const float> coordinates, int32_t size, std::span<int32_t> pixels) {
   const float end = static_cast<float>(size) + 1.0F;
   for (std::size_t n = 0; n < coordinates.size(); ++n) {
-    const float notBelow = coordinates[n] > -1.0F ? coordinates[n] : -1.0F;
+    const float given = coordinates[n];
+    const float notBelow = given > -1.0F ? given : -1.0F;
     const float place = notBelow < end ? notBelow : end;
     const auto whole = static_cast<int32_t>(place);
     const float rest = place - static_cast<float>(whole);
-    const float limit = whole % 2 == 0 ? 0.5F : 0x1.fffffep-2F;  // a half goes to the even one
-    const int32_t up = rest > limit ? 1 : 0, down = rest < -limit ? 1 : 0;
+    const int32_t odd = whole & 1;  // halves go to the even one
+    const int32_t up = int32_t{rest > 0.5F} | (int32_t{rest == 0.5F} & odd);
+    const int32_t down = int32_t{rest < -0.5F} | (int32_t{rest == -0.5F} & odd);
     pixels[n] = whole + up - down;
   }
 }

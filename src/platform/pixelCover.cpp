@@ -11,13 +11,13 @@ enum class Direction { Rising, Falling, BackAndForth };
 
 // No number makes both comparisons fail.
 Direction directionOf(std::span<const float> edges) {
-  bool rises = true, falls = true;
+  int32_t rises = 1, falls = 1;
   for (std::size_t n = 1; n < edges.size(); ++n) {
-    rises &= edges[n - 1] <= edges[n];
-    falls &= edges[n - 1] >= edges[n];
+    rises &= int32_t{edges[n - 1] <= edges[n]};
+    falls &= int32_t{edges[n - 1] >= edges[n]};
   }
-  if (rises) return Direction::Rising;
-  return falls ? Direction::Falling : Direction::BackAndForth;
+  if (rises != 0) return Direction::Rising;
+  return falls != 0 ? Direction::Falling : Direction::BackAndForth;
 }
 
 // Of rising edges, as pixels.

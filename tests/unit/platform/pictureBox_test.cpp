@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
+#include <vector>
 
 #include "support/specialValues.h"
 #include "util/RuntimeError.h"
@@ -84,6 +86,25 @@ TEST(PixelBox, NeighbouringCellsLeaveNoSeam) {
     const PixelBox left = platform::pixelBox(a, 0, b, 1, 200, 10);
     const PixelBox right = platform::pixelBox(b, 0, c, 1, 200, 10);
     EXPECT_EQ(left.right, right.left);
+  }
+}
+
+TEST(NearestPixels, AreThoseOfEachCoordinate) {
+  for (const int32_t size : {1, 10, 3840, 32767}) {
+    std::vector<float> places = {-0.0F, -1e30F, 1e30F, -kFloatInfinity, kFloatInfinity};
+    for (const int32_t whole : {-2, -1, 0, 1, 2, 3, 8, size - 1, size, size + 1}) {
+      for (const float part : {0.0F, 0.25F, 0.5F, 0.75F}) {
+        const float place = static_cast<float>(whole) + part;
+        for (const float direction : {-kFloatInfinity, place, kFloatInfinity}) {
+          places.push_back(std::nextafter(place, direction));
+        }
+      }
+    }
+    std::vector<int32_t> found(places.size());
+    platform::nearestPixels(places, size, found);
+    for (std::size_t n = 0; n < places.size(); ++n) {
+      EXPECT_EQ(found[n], platform::nearestPixel(places[n], size)) << places[n];
+    }
   }
 }
 
