@@ -61,7 +61,7 @@ std::string range(const ocxNetNc::CoordinateValues& values) {
 
 // What a data set that was read is not taken for is told elsewhere in full.
 std::string hint(const std::string& name) {
-  const std::string word = diagnosis::shellWord(ocxNetNc::withoutCredentials(name));
+  const std::string word = diagnosis::fileWord(ocxNetNc::withoutCredentials(name));
   return ncf.NcDims.empty() ? ""
                             : "\nWhat is wrong and what helps is told by: kelvane info " + word;
 }

@@ -57,6 +57,9 @@ TEST_F(Remedy, NamesAreQuotedForAShell) {
   const std::string name = "it's $HOME; a `b`.nc";
   MadeSet{.lats = {43, 42, 41, 40}}.make(folder.file(name));
   expectCured(name, "it's $HOME; a `b`-fit.nc", "");
+  MadeSet{.lats = {43, 42, 41, 40}}.make(folder.file("--vars.nc"));
+  expectCured("--vars.nc", "./--vars-fit.nc", "");
+  EXPECT_EQ(fileWord("-a b.nc"), "'./-a b.nc'");
   EXPECT_EQ(shellWord("plain_1.nc"), "plain_1.nc");
   EXPECT_EQ(shellWord(""), "''");
 }

@@ -85,10 +85,12 @@ const std::vector<Case> kCases = {
 INSTANTIATE_TEST_SUITE_P(Fit, VerticalAxes, testing::ValuesIn(kCases),
                          [](const auto& each) { return std::string(each.param.about); });
 
-TEST_F(FitVertical, LevelsThatFollowTheBottomAreToldOf) {
+TEST_F(FitVertical, LevelsThatAreNoDepthsAreToldOf) {
   MadeSet set;
   set.level = axis("s_rho", "1", {-0.75, -0.5, -0.25});
   EXPECT_TRUE(contains(fit(set).err, "note: the levels of s_rho are no depths in metres"));
+  set.level = axis("plev", "Pa", {10000, 50000});
+  EXPECT_TRUE(contains(fit(set).err, "note: the levels of plev are pressures; the axis"));
   set.level = axis("depth", "m", {1, 2, 3});
   EXPECT_EQ(fit(set).err, "");
 }

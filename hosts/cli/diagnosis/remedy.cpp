@@ -37,7 +37,7 @@ std::string drawCommand(const std::string& dataSet, const Recognition& found,
   for (const VariableFinding& finding : diagnosis.variables) {
     if (variable.empty() && finding.drawable) variable = finding.name;
   }
-  return "kelvane draw " + shellWord(dataSet) + " --var " + shellWord(variable) + " --path \"" +
+  return "kelvane draw " + fileWord(dataSet) + " --var " + shellWord(variable) + " --path \"" +
          west + "," + south + " " + east + "," + north + "\" -o section.png";
 }
 
@@ -148,6 +148,10 @@ std::string shellWord(const std::string& word) {
   return quotedWord + "'";
 }
 
+std::string fileWord(const std::string& name) {
+  return shellWord(name.starts_with('-') ? "./" + name : name);
+}
+
 void findRemedy(const std::string& dataSet, const Header& header, const Recognition& found,
                 Diagnosis& diagnosis) {
   const std::string shown = ocxNetNc::withoutCredentials(dataSet);
@@ -158,7 +162,7 @@ void findRemedy(const std::string& dataSet, const Header& header, const Recognit
     const bool lost = isWarned(diagnosis.warnings, "near-fill");
     if (copy.refusal.empty() && (!drawable || copy.changes || lost)) {
       diagnosis.command =
-          "kelvane fit " + shellWord(shown) + " " + shellWord(copyName(shown)) + copy.options;
+          "kelvane fit " + fileWord(shown) + " " + fileWord(copyName(shown)) + copy.options;
       diagnosis.advice =
           drawable ? "It can be drawn as it is. A fitted copy mends what is drawn wrongly:"
                    : "A copy that the control can draw is made by:";

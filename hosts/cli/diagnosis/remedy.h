@@ -14,5 +14,7 @@ void findRemedy(const std::string& dataSet, const Header& header, const Recognit
 
 // A word of a command line, in quotes where a shell needs them.
 std::string shellWord(const std::string& word);
+// The same for the name of a file, which must not pass for an option.
+std::string fileWord(const std::string& name);
 
 }  // namespace cli::diagnosis

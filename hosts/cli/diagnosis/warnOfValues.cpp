@@ -13,6 +13,8 @@ namespace {
 
 using ocxStrings::hasPrefix;
 
+// From here on no measured value comes near a fill value: there is nothing to look for.
+constexpr double kFarAway = 1e15;
 constexpr double kMissingShare = 0.99;
 
 std::string number(double value) { return util::generalText(static_cast<float>(value)); }
@@ -80,7 +82,7 @@ void warnOfMissing(const Header& header, bool look, const Variable& variable,
          quoted(last.name) + " is " + valueText(last) +
              ", which counts as none: no value is taken for missing, 0 is drawn",
          Cure::Copy);
-  } else if (look) {
+  } else if (look && std::fabs(missing) < kFarAway) {
     warnOfLost(header, variable, last, warnings);
   }
 }

@@ -87,6 +87,18 @@ void turnIfUpward(Draft& draft, Axis axis, std::vector<double>& values, const st
   draft.change(name, "levels turned", "the control takes the last level as the deepest");
 }
 
+// The control labels the axis in metres whatever it holds.
+void noteNoMetres(Draft& draft, const std::string& name, Vertical kind) {
+  if (kind == Vertical::Sigma) {
+    draft.note("the levels of " + name +
+               " are no depths in metres: the picture follows neither the sea floor nor the "
+               "ground.");
+  } else if (kind == Vertical::Pressure) {
+    draft.note("the levels of " + name +
+               " are pressures; the axis of pictures is labelled in metres all the same.");
+  }
+}
+
 void nameAxis(Draft& draft, int number, Vertical kind) {
   const std::string before = draft.var(number).name;
   if (passes(before)) return;
@@ -140,11 +152,7 @@ void fitVertical(Draft& draft) {
     draft.note("The deepest level of " + name + " is at " + text(values.back()) +
                ": there is no depth to draw a section over.");
   }
-  if (kind == Vertical::Sigma) {
-    draft.note("the levels of " + name +
-               " are no depths in metres: the picture follows neither the "
-               "sea floor nor the ground.");
-  }
+  noteNoMetres(draft, name, kind);
   // The control reads neither packed numbers nor those of other types.
   for (const char* each : {"scale_factor", "add_offset", "_FillValue", "missing_value"}) {
     remove(variable.attributes, each);
