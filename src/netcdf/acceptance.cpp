@@ -4,7 +4,6 @@
 #include <array>
 #include <cmath>
 #include <limits>
-#include <type_traits>
 
 #include "util/RuntimeError.h"
 
@@ -54,37 +53,46 @@ double converted(double raw, const Conversion& how) { return raw * how.scale + h
 
 bool isBeyondSingles(double value) { return std::fabs(value) >= kSingleLimit; }
 
-// Whole numbers count from `low` to `high`, both included.
-struct WholeRange {
+// Which numbers of a type count, as 1 or 0. Whole numbers do from `low` to `high`, both included.
+struct WholeCounts {
   int32_t low, high;
+  int32_t operator()(int32_t number) const {
+    return (number >= low ? 1 : 0) & (number <= high ? 1 : 0);
+  }
+};
+struct SingleCounts {
+  float side, bound;
+  int32_t always;
+  int32_t operator()(float number) const { return (number * side < bound ? 1 : 0) | always; }
 };
 
-template <class Number>
-WholeRange wholeRange(const Acceptance& accepted) {
-  WholeRange range{std::numeric_limits<Number>::min(), std::numeric_limits<Number>::max()};
-  if (accepted.takesAll()) return range;
+template <class Whole>
+WholeCounts wholeCounts(const Acceptance& accepted) {
+  WholeCounts counts{std::numeric_limits<Whole>::min(), std::numeric_limits<Whole>::max()};
+  if (accepted.takesAll()) return counts;
   if (std::isnan(accepted.bound())) return {1, 0};
   const double last = accepted.side() * (std::ceil(accepted.bound()) - 1);
   if (accepted.side() > 0) {
-    if (last < range.high) range.high = static_cast<int32_t>(last);
+    if (last < counts.high) counts.high = static_cast<int32_t>(last);
   } else {
-    if (last > range.low) range.low = static_cast<int32_t>(last);
+    if (last > counts.low) counts.low = static_cast<int32_t>(last);
   }
-  return range;
+  return counts;
 }
 
-// Whether every number of a type becomes a single. A conversion never turns back on its way from
-// the least to the largest number, so that these two decide.
+// Whether every finite number of a type becomes a single. A conversion never turns back on its way
+// from the least to the largest number, so that these two decide.
 template <class Number>
 bool allBecomeSingles(const Conversion& how) {
   using Limits = std::numeric_limits<Number>;
   return std::isfinite(how.scale) && std::isfinite(how.offset) &&
-         !isBeyondSingles(converted(static_cast<double>(Limits::min()), how)) &&
+         !isBeyondSingles(converted(static_cast<double>(Limits::lowest()), how)) &&
          !isBeyondSingles(converted(static_cast<double>(Limits::max()), how));
 }
 
-template <class Number>
-int32_t convertSafely(std::span<const Number> raw, const Conversion& how, WholeRange range,
+// For numbers that all become singles, but for infinite ones.
+template <class Number, class Counts>
+int32_t convertSafely(std::span<const Number> raw, const Conversion& how, Counts counts,
                       float* values) {
   return inSteps(raw, values, [=](std::span<const Number> few, float* to) {
     for (std::size_t i = 0; i < few.size(); ++i) {
@@ -92,75 +100,63 @@ int32_t convertSafely(std::span<const Number> raw, const Conversion& how, WholeR
     }
     int32_t counted = 0;
     for (std::size_t i = 0; i < few.size(); ++i) {
-      const int32_t number = few[i];
-      const int32_t counts = (number >= range.low ? 1 : 0) & (number <= range.high ? 1 : 0);
-      to[i] = counts != 0 ? to[i] : how.replacement;
-      counted += counts;
+      const int32_t one = counts(few[i]);
+      to[i] = one != 0 ? to[i] : how.replacement;
+      counted += one;
+    }
+    if constexpr (std::numeric_limits<Number>::has_infinity) {
+      int32_t beyond = 0;
+      for (std::size_t i = 0; i < few.size(); ++i) {
+        beyond += std::fabs(to[i]) > std::numeric_limits<float>::max() ? 1 : 0;
+      }
+      if (beyond > 0) util::raise(util::kOverflow);
     }
     return counted;
   });
 }
 
-// Values of which some may be beyond the single range.
-class CheckedValues {
- public:
-  template <class Number>
-  CheckedValues(std::span<const Number> raw, Conversion how) : size_(raw.size()) {
-    for (std::size_t i = 0; i < size_; ++i) {
-      value_[i] = converted(static_cast<double>(raw[i]), how);
-    }
-  }
-
-  // Replaces those whose raw x side is not below the bound; how many are.
-  template <class Number>
-  int32_t select(std::span<const Number> raw, Number side, Number bound, double replacement) {
-    using Flag = std::conditional_t<sizeof(Number) == sizeof(int64_t), int64_t, int32_t>;
-    for (std::size_t i = 0; i < size_; ++i) {
-      value_[i] = raw[i] * side < bound ? value_[i] : replacement;
-    }
-    Flag counted = 0;
-    for (std::size_t i = 0; i < size_; ++i) counted += raw[i] * side < bound ? 1 : 0;
-    return static_cast<int32_t>(counted);
-  }
-
-  void store(float* values) const {
-    int64_t beyond = 0;
-    for (std::size_t i = 0; i < size_; ++i) beyond += isBeyondSingles(value_[i]) ? 1 : 0;
-    if (beyond > 0) util::raise(util::kOverflow);
-    for (std::size_t i = 0; i < size_; ++i) values[i] = static_cast<float>(value_[i]);
-  }
-
- private:
-  std::size_t size_;
-  std::array<double, kTogether> value_;
-};
-
-// `side` and `bound` are those of the acceptance for raw numbers of this type.
-template <class Number>
-int32_t convertChecked(std::span<const Number> raw, const Conversion& how, bool takesAll,
-                       Number side, Number bound, float* values) {
+// For numbers of which some may become values beyond the single range.
+int32_t convertChecked(std::span<const double> raw, const Conversion& how,
+                       const Acceptance& accepted, float* values) {
+  const double side = accepted.side();
+  const double bound = accepted.bound();
+  const bool takesAll = accepted.takesAll();
   const auto replacement = static_cast<double>(how.replacement);
-  return inSteps(raw, values, [&](std::span<const Number> few, float* to) {
-    CheckedValues checked(few, how);
-    const int32_t counted =
-        takesAll ? static_cast<int32_t>(few.size()) : checked.select(few, side, bound, replacement);
-    checked.store(to);
-    return counted;
+  return inSteps(raw, values, [=](std::span<const double> few, float* to) {
+    std::array<double, kTogether> value;
+    for (std::size_t i = 0; i < few.size(); ++i) value[i] = converted(few[i], how);
+    auto counted = static_cast<int64_t>(few.size());
+    if (!takesAll) {
+      counted = 0;
+      for (std::size_t i = 0; i < few.size(); ++i) counted += few[i] * side < bound ? 1 : 0;
+      for (std::size_t i = 0; i < few.size(); ++i) {
+        value[i] = few[i] * side < bound ? value[i] : replacement;
+      }
+    }
+    int64_t beyond = 0;
+    for (std::size_t i = 0; i < few.size(); ++i) beyond += isBeyondSingles(value[i]) ? 1 : 0;
+    if (beyond > 0) util::raise(util::kOverflow);
+    for (std::size_t i = 0; i < few.size(); ++i) to[i] = static_cast<float>(value[i]);
+    return static_cast<int32_t>(counted);
   });
 }
 
-template <class Number>
-int32_t convertWhole(std::span<const Number> raw, const Conversion& how, float* values) {
-  const Acceptance accepted(how.threshold);
-  if (allBecomeSingles<Number>(how)) {
-    return convertSafely(raw, how, wholeRange<Number>(accepted), values);
-  }
+// Numbers of a type in which `counts` says which of them are accepted.
+template <class Number, class Counts>
+int32_t convertNarrow(std::span<const Number> raw, const Conversion& how,
+                      const Acceptance& accepted, Counts counts, float* values) {
+  if (allBecomeSingles<Number>(how)) return convertSafely(raw, how, counts, values);
   std::array<double, kTogether> wide;
   return inSteps(raw, values, [&](std::span<const Number> few, float* to) {
     std::ranges::copy(few, wide.begin());
-    return convertChecked(std::span<const double>(wide).first(few.size()), how,
-                          accepted.takesAll(), accepted.side(), accepted.bound(), to);
+    return convertChecked(std::span(wide).first(few.size()), how, accepted, to);
   });
+}
+
+template <class Whole>
+int32_t convertWhole(std::span<const Whole> raw, const Conversion& how, float* values) {
+  const Acceptance accepted(how.threshold);
+  return convertNarrow(raw, how, accepted, wholeCounts<Whole>(accepted), values);
 }
 
 }  // namespace
@@ -180,12 +176,12 @@ int32_t convert(std::span<const int> raw, const Conversion& how, float* values) 
 }
 int32_t convert(std::span<const float> raw, const Conversion& how, float* values) {
   const Acceptance accepted(how.threshold);
-  return convertChecked(raw, how, accepted.takesAll(), static_cast<float>(accepted.side()),
-                        accepted.single(), values);
+  const SingleCounts counts{static_cast<float>(accepted.side()), accepted.single(),
+                            accepted.takesAll() ? 1 : 0};
+  return convertNarrow(raw, how, accepted, counts, values);
 }
 int32_t convert(std::span<const double> raw, const Conversion& how, float* values) {
-  const Acceptance accepted(how.threshold);
-  return convertChecked(raw, how, accepted.takesAll(), accepted.side(), accepted.bound(), values);
+  return convertChecked(raw, how, Acceptance(how.threshold), values);
 }
 
 }  // namespace ocxNetNc

@@ -12,11 +12,12 @@ namespace {
 
 using NetCDF::AheadLimits;
 using NetCDF::ComingReads;
-using NetCDF::Place;
 using support::NcMaker;
 
 class AheadShapes : public NcTest, public testing::WithParamInterface<unsigned> {
  protected:
+  using Place = NetCDF::Place;
+
   ~AheadShapes() override { NetCDF::forgetReads(); }
 
   std::size_t upTo(std::size_t most) { return 1 + random() % most; }
