@@ -45,10 +45,11 @@ TEST_P(Layout, IsReadAndDrawnForLittleMoreThanItsFloor) {
 INSTANTIATE_TEST_SUITE_P(, Layout, testing::Values("classic", "levels"),
                          [](const auto& tested) { return std::string(tested.param); });
 
-// One call gives raw numbers, level by level; they are converted, turned to columns and counted.
+// The bare call gives raw numbers, level by level. They are converted, turned to columns and
+// counted, which compilers do differently. A call for each column would cost 25 times the floor.
 TEST(Row, IsReadForAFewPassesMoreThanItsFloor) {
   const bench::Scene scene(dataFile("classic"), bench::rowPath(), bench::kWindow);
-  EXPECT_LE(ratio("reading a row", reading(scene), bareReading(scene)), 3.0);
+  EXPECT_LE(ratio("reading a row", reading(scene), bareReading(scene)), 4.0);
 }
 
 class Frame : public testing::Test {
