@@ -142,7 +142,8 @@ TEST_F(Warnings, AreGivenForEverythingThatSurprises) {
       {"one-level", {.levels = {5}}, "depth", "a single row"},
       {"sigma-levels", {.levelName = "sigma_t", .levelUnits = "1"}, "sigma_t", "fractions"},
       {"pressure-levels", {.levelName = "level", .levelUnits = "hPa"}, "level", "pressures"},
-      {"level-units", {.levelUnits = "km"}, "depth", "`km`"},
+      {"level-units", {.levelUnits = "km"}, "depth", "`km`", true},
+      {"level-units", {.levelUnits = "K"}, "depth", "`K`"},
       {"positive-up", {.more = positive}, "depth", "heights", true},
       {"other-vertical", {.more = more("zeta_w")}, "depth", "`zeta_w` is not"},
       {"longitudes-backward", {.lons = {15, 14, 13, 12}}, "lon", "falls 3 times", true},
@@ -183,6 +184,14 @@ TEST_F(Warnings, AreGivenForEverythingThatSurprises) {
     if (made.mended) expectMended(made.kind);
     expectAdviceToHelp(diagnosis);
   }
+}
+
+TEST_F(Warnings, MidnightIsNoClockOfAnOrigin) {
+  for (const char* midnight : {" 00:00:00", "T00:00:00Z", "T00:00", " 0:0"}) {
+    const std::string units = "hours since 1999-12-21" + std::string(midnight);
+    EXPECT_TRUE(of({.timeUnits = units}).warnings.empty()) << units;
+  }
+  EXPECT_EQ(of({.timeUnits = "hours since 1999-12-21T06:00:00Z"}).warnings.size(), 1U);
 }
 
 TEST_F(Warnings, FarAwayFillValuesTakeNothingElse) {

@@ -20,13 +20,15 @@ std::string shortNumber(double value, double spacing) {
   return util::generalText(static_cast<float>(std::round(value / unit) * unit));
 }
 
-// From one tenth of an axis to nine; the last cell reaches one spacing beyond its value.
+// From one tenth of an axis to nine, though not beyond its last value. The cell of that reaches one
+// spacing further, which only two values need for a path of two cells.
 std::pair<std::string, std::string> innerSpan(const std::vector<double>& values) {
   constexpr double margin = 0.1;
   const double spacing = spacingOf(values);
   const double from = values.front(), span = values.back() + spacing - from;
-  return {shortNumber(from + margin * span, spacing),
-          shortNumber(from + (1 - margin) * span, spacing)};
+  double to = from + (1 - margin) * span;
+  if (values.size() > 2) to = std::min(to, values.back());
+  return {shortNumber(from + margin * span, spacing), shortNumber(to, spacing)};
 }
 
 std::string drawCommand(const std::string& dataSet, const Recognition& found,

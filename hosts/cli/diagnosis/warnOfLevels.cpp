@@ -3,6 +3,7 @@
 #include <functional>
 
 #include "diagnosis/checkList.h"
+#include "fit/units.h"
 #include "util/numberText.h"
 #include "util/ocxStrings.h"
 
@@ -71,7 +72,8 @@ void warnOfLevels(const Header& header, const Recognition& found, std::vector<Wa
          "it holds pressures: the axis is labelled in metres all the same");
   } else if (!units.empty() && !isMetres(units)) {
     warn(warnings, "level-units", level.name,
-         "its units are " + quoted(units) + ": the axis is labelled in metres all the same");
+         "its units are " + quoted(units) + ": the axis is labelled in metres all the same",
+         fit::conversion(units, "m") ? Cure::Copy : Cure::None);
   }
   if (hasPrefix(textOf(level.attributes, "positive"), "UP") && !isPressure(units)) {
     warn(warnings, "positive-up", level.name,

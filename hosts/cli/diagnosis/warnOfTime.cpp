@@ -7,6 +7,13 @@ namespace {
 
 using Kind = TimeUnits::Kind;
 
+// Behind the date, which ends at a blank or a T.
+std::string clockOf(const TimeUnits& units) {
+  const std::size_t at = units.originText.find_first_of("Tt");
+  return at == std::string::npos ? units.behindOrigin : units.originText.substr(at);
+}
+
+// A time of day that is not midnight.
 bool hasClock(const std::string& text) {
   for (const char digit : text) {
     if (digit >= '1' && digit <= '9') return text.find(':') != std::string::npos;
@@ -29,7 +36,7 @@ void warnOfOrigin(const TimeUnits& units, const std::string& name, std::vector<W
            "the origin " + quoted(units.originText) + " is read as the year " + date +
                ": years below 100 belong to 1950 to 2049");
     }
-    if (hasClock(units.behindOrigin) || hasClock(units.originText)) {
+    if (hasClock(clockOf(units))) {
       warn(warnings, "origin-clock", name,
            "the time of day of its origin is left out: dates count from midnight");
     }
