@@ -18,8 +18,9 @@ int64_t copying(int32_t rows, int32_t width) {
   const std::vector<uint32_t> row(static_cast<std::size_t>(width), 7);
   std::vector<uint32_t> picture(row.size() * static_cast<std::size_t>(rows));
   return instructions([&] {
-    for (auto to = picture.begin(); to != picture.end();)
+    for (auto to = picture.begin(); to != picture.end();) {
       to = std::copy(row.begin(), row.end(), to);
+    }
     // Somebody may look at them: they have to be there.
     asm volatile("" : : "r"(picture.data()) : "memory");
   });
@@ -62,7 +63,7 @@ TEST_F(Drawing, OfFurtherRowsIsWritingThemOnce) {
             2.0);
 }
 
-// Their pieces are found cell by cell, and joined.
+// Their pieces are found cell by cell, and joined through a tree.
 TEST_F(Drawing, OfContourLinesGrowsWithTheCells) {
   KelvaneMain::settings.ViewStyle = 1;
   const double each = costOfEach("contour lines", 1000, 4, [&](int32_t columns) {
