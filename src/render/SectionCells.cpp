@@ -30,6 +30,12 @@ std::size_t SectionCells::place(int32_t column, int32_t level) const {
          static_cast<std::size_t>(level);
 }
 
+// Between the values of a column. Where there are none the marks need not be read.
+bool SectionCells::hasGaps(int32_t column) const {
+  const auto c = static_cast<std::size_t>(column);
+  return filled_[c] != deepest_[c];
+}
+
 void SectionCells::expect(int32_t column) const {
   const auto wet = static_cast<std::size_t>(deepest_[static_cast<std::size_t>(column)]);
   const auto fetch = [wet](const auto* entries) {
@@ -37,7 +43,7 @@ void SectionCells::expect(int32_t column) const {
     for (std::size_t k = 0; k < wet; k += kCacheLine) __builtin_prefetch(entries + k);
   };
   fetch(grid_.values().data() + place(column, 0));
-  fetch(grid_.marks().data() + place(column, 0));
+  if (hasGaps(column)) fetch(grid_.marks().data() + place(column, 0));
 }
 
 std::size_t SectionCells::pixels(int32_t column, int32_t level,
@@ -46,16 +52,17 @@ std::size_t SectionCells::pixels(int32_t column, int32_t level,
   const int32_t wet = deepest_[static_cast<std::size_t>(column)] - level;
   if (wet <= 0) return 0;
   const std::size_t count = std::min(pixels.size(), static_cast<std::size_t>(wet));
-  const auto marks = grid_.marks().subspan(place(column, level), count);
   const auto values = grid_.values().subspan(place(column, level), count);
   std::array<platform::Colour, kAtATime> found;
   for (std::size_t done = 0; done < count; done += kAtATime) {
     const std::size_t part = std::min(kAtATime, count - done);
     colourOf_.lookUp(values.subspan(done, part), found);
-    for (std::size_t k = 0; k < part; ++k) {
-      const uint32_t pixel = platform::pixelOf(found[k]);
-      pixels[done + k] = marks[done + k] == 0 ? platform::kNoPixel : pixel;
-    }
+    for (std::size_t k = 0; k < part; ++k) pixels[done + k] = platform::pixelOf(found[k]);
+  }
+  if (!hasGaps(column)) return count;
+  const auto marks = grid_.marks().subspan(place(column, level), count);
+  for (std::size_t k = 0; k < count; ++k) {
+    pixels[k] = marks[k] == 0 ? platform::kNoPixel : pixels[k];
   }
   return count;
 }

@@ -18,6 +18,7 @@ class SectionCells final : public platform::CellBoxes {
       : CellBoxes(edgeX, levelY),
         grid_(grid),
         deepest_(grid.deepestValues()),
+        filled_(grid.filledLevels()),
         colourOf_(grid.values().size()) {}
 
   std::optional<platform::Colour> colour(int32_t column, int32_t level) const override;
@@ -27,9 +28,10 @@ class SectionCells final : public platform::CellBoxes {
 
  private:
   std::size_t place(int32_t column, int32_t level) const;
+  bool hasGaps(int32_t column) const;
 
   const SectionGrid& grid_;
-  std::span<const int32_t> deepest_;
+  std::span<const int32_t> deepest_, filled_;
   ModColor::CellColours colourOf_;
 };
 

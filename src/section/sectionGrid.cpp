@@ -23,12 +23,14 @@ void SectionGrid::size(int32_t ncols, int32_t nlevels) {
 
 void SectionGrid::beginStoring(int32_t ncols, int32_t nlevels) {
   const std::size_t count = valuesOf(ncols, nlevels);
+  std::vector<int32_t> filled(static_cast<std::size_t>(ncols), 0);
   if (count != values_.size()) {
     std::vector<float> values(count);
     std::vector<int16_t> marks(count);
     values_.swap(values);
     marks_.swap(marks);
   }
+  filled_.swap(filled);
   deepest_.clear();
   ncols_ = ncols;
   nlevels_ = nlevels;
@@ -45,29 +47,40 @@ void SectionGrid::clearRest() {
   const auto first = static_cast<std::ptrdiff_t>(storedValues().size());
   std::fill(values_.begin() + first, values_.end(), 0.0F);
   std::fill(marks_.begin() + first, marks_.end(), int16_t{0});
+  std::fill(filled_.begin() + stored_, filled_.end(), 0);
   deepest_.clear();
   stored_ = ncols_;
 }
 
 void SectionGrid::store(int32_t c, int32_t k, float value) {
   const std::size_t at = place(c, k);
+  const int16_t mark = isValue(value) ? 1 : 0;
+  filled_[static_cast<std::size_t>(c - 1)] += mark - marks_[at];
   values_[at] = value;
-  marks_[at] = isValue(value) ? 1 : 0;
+  marks_[at] = mark;
   deepest_.clear();
 }
 
-void SectionGrid::markValues(std::size_t first, std::size_t count) {
-  const float* const values = values_.data() + first;
-  int16_t* const marks = marks_.data() + first;
+void SectionGrid::markColumns(std::size_t first, std::size_t end) {
+  const auto levels = static_cast<std::size_t>(nlevels_);
   deepest_.clear();
-  for (std::size_t n = 0; n < count; ++n) marks[n] = isValue(values[n]) ? 1 : 0;
+  for (std::size_t c = first; c < end; ++c) {
+    const float* const values = values_.data() + c * levels;
+    int16_t* const marks = marks_.data() + c * levels;
+    int32_t filled = 0;
+    for (std::size_t k = 0; k < levels; ++k) {
+      marks[k] = isValue(values[k]) ? 1 : 0;
+      filled += marks[k];
+    }
+    filled_[c] = filled;
+  }
 }
 
 void SectionGrid::storeColumn(int32_t c, std::span<const float> column) {
   const std::size_t first = place(c, 1);
   if (column.size() != static_cast<std::size_t>(nlevels_)) util::raise(util::kSubscript);
   std::ranges::copy(column, values_.begin() + static_cast<std::ptrdiff_t>(first));
-  markValues(first, column.size());
+  markColumns(static_cast<std::size_t>(c - 1), static_cast<std::size_t>(c));
   if (c == stored_ + 1) stored_ = c;
 }
 
@@ -82,7 +95,7 @@ void SectionGrid::storeLevels(std::span<const float> levels) {
     for (std::size_t k = 0; k < depth; ++k) {
       for (std::size_t c = first; c < end; ++c) values_[c * depth + k] = levels[k * columns + c];
     }
-    markValues(first * depth, (end - first) * depth);
+    markColumns(first, end);
   }
   stored_ = ncols_;
 }

@@ -47,6 +47,8 @@ class SectionGrid {
   std::span<const int16_t> marks() const { return marks_; }
   // Of each column the deepest level with a value, 0 where it has none; valid as long.
   std::span<const int32_t> deepestValues() const;
+  // Of each column the number of its values; where it is that of the deepest one there are no gaps.
+  std::span<const int32_t> filledLevels() const { return filled_; }
   // Stores a value and marks it.
   void store(int32_t c, int32_t k, float value);
   // Stores the values of a column, one a level, and marks them.
@@ -65,11 +67,12 @@ class SectionGrid {
 
  private:
   std::size_t place(int32_t c, int32_t k) const;
-  void markValues(std::size_t first, std::size_t count);
+  void markColumns(std::size_t first, std::size_t end);
   int32_t ncols_ = 0, nlevels_ = 0;
   int32_t stored_ = 0;         // columns from 1 on that have been stored, or cleared
   std::vector<float> values_;  // levels of a column side by side
   std::vector<int16_t> marks_;
+  std::vector<int32_t> filled_;
   // Found when it is first asked for, since a grid is drawn more often than read.
   mutable std::vector<int32_t> deepest_;
 };

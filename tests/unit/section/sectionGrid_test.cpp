@@ -175,6 +175,31 @@ TEST(SectionGrid, KnowsTheDeepestValueOfEveryColumn) {
   EXPECT_EQ(deepest(), (std::vector<int32_t>{0}));
 }
 
+TEST(SectionGrid, CountsTheValuesOfEveryColumn) {
+  SectionGrid grid;
+  EXPECT_TRUE(grid.filledLevels().empty());
+  const auto filled = [&grid] {
+    const auto found = grid.filledLevels();
+    return std::vector<int32_t>(found.begin(), found.end());
+  };
+  grid.size(3, 4);
+  EXPECT_EQ(filled(), (std::vector<int32_t>{0, 0, 0}));
+  for (int turn = 0; turn < 2; ++turn) grid.store(1, 3, 7);  // one value all the same
+  grid.store(3, 4, 7);
+  EXPECT_EQ(filled(), (std::vector<int32_t>{1, 0, 1}));
+  grid.store(3, 4, kMissingValue);
+  grid.storeColumn(2, std::vector<float>{1, kMissingValue, 3, kMissingValue});
+  EXPECT_EQ(filled(), (std::vector<int32_t>{1, 2, 0}));
+  std::vector<float> levels(12, 1.0F);
+  levels[1] = levels[10] = kMissingValue;
+  grid.storeLevels(levels);
+  EXPECT_EQ(filled(), (std::vector<int32_t>{4, 2, 4}));
+  grid.beginStoring(4, 3);  // as large as before
+  grid.storeColumn(1, std::vector<float>{1, 2, kMissingValue});
+  grid.clearRest();
+  EXPECT_EQ(filled(), (std::vector<int32_t>{2, 0, 0, 0}));
+}
+
 TEST(SectionGrid, KeepsWhatItHoldsWhenItCannotBeSized) {
   SectionGrid grid;
   grid.size(2, 2);
