@@ -66,6 +66,12 @@ TEST_F(FitGroup, IsTakenWithWhatLiesAroundIt) {
   EXPECT_EQ(copy.text("", "source"), "a model");
 }
 
+TEST_F(FitGroup, ThatHoldsAnotherIsTakenWithoutIt) {
+  const auto result = fitMade({"--group", "/run"});
+  EXPECT_TRUE(contains(result.err, "left out: /run/daily; --group takes one.")) << result.err;
+  EXPECT_FALSE(ReadSet(out()).has("warm"));
+}
+
 TEST_F(FitGroup, IsLeftOutUnlessItIsAskedFor) {
   const auto result = fitMade();
   EXPECT_TRUE(

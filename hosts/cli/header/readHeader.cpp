@@ -28,7 +28,7 @@ class Reader {
     }
     for (const int group : around) readDimensions(group);
     for (const int group : around) readGroup(group);
-    listGroups(id_, "");
+    listGroups(id_, ownPath());
     return std::move(header_);
   }
 
@@ -138,6 +138,16 @@ class Reader {
       check_(nc_get_att_double(group, variable, name, attribute.numbers.data()));
     }
     return attribute;
+  }
+
+  // Empty outside of groups.
+  std::string ownPath() const {
+    std::size_t length = 0;
+    if (nc_inq_grpname_full(id_, &length, nullptr) != NC_NOERR || length < 2) return {};
+    std::string path(length + 1, '\0');
+    check_(nc_inq_grpname_full(id_, &length, path.data()));
+    path.resize(length);
+    return path;
   }
 
   void listGroups(int group, const std::string& path) {
