@@ -11,6 +11,7 @@
 #include "netcdf/requestPieces.h"
 #include "netcdf/routine.h"
 #include "netcdf/status.h"
+#include "netcdf/storage.h"
 #include "netcdf/wholeVariable.h"
 #include "util/RuntimeError.h"
 
@@ -86,6 +87,17 @@ class RawValues {
   std::vector<Number> many_;
 };
 
+// The most elements that are read at once. The chunks of a file are unpacked again for each of
+// several reads that meet them, as all do that go along a row.
+template <class Number>
+int64_t mostAtOnce(const Request& request, std::size_t rank) {
+  constexpr int64_t kMostBytes = int64_t{16} << 20;
+  if (request.output.size() <= kMostPerRequest) return kMostPerRequest;
+  const auto storage = NetCDF::storageOf(request.ncfId, request.variableId, rank);
+  if (!storage || storage->layout != NetCDF::Layout::Chunked) return kMostPerRequest;
+  return kMostBytes / static_cast<int64_t>(sizeof(Number));
+}
+
 template <class Number>
 int32_t readScaled(int (*read)(int, int, const std::size_t*, const std::size_t*,
                                const std::ptrdiff_t*, Number*),
@@ -97,7 +109,8 @@ int32_t readScaled(int (*read)(int, int, const std::size_t*, const std::size_t*,
   RawValues<Number> raw;
   int32_t accepted = 0;
   float* place = request.output.data();
-  forEachPiece(slab, kMostPerRequest, [&](const Hyperslab& piece, int64_t elements) {
+  const int64_t most = mostAtOnce<Number>(request, slab.rank);
+  forEachPiece(slab, most, [&](const Hyperslab& piece, int64_t elements) {
     const std::span<Number> numbers = raw.room(elements);
     checked(read(request.ncfId, request.variableId, piece.start.data(), piece.count.data(),
                  piece.stride.data(), numbers.data()));

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
@@ -16,9 +17,10 @@ using namespace KelvaneMain;
 namespace {
 
 // Makes a data set with v(time 1, depth, lat 2, lon), longitudes 0.01 degrees apart from 0,
-// latitudes 0 and 0.01; v has no values unless they are given.
+// latitudes 0 and 0.01; v has no values unless they are given, and chunks if their lengths are.
 void makeWideSet(const std::string& path, int mode, std::size_t levels, std::size_t columns,
-                 nc_type type, const std::vector<double>& values) {
+                 nc_type type, const std::vector<double>& values,
+                 const std::vector<std::size_t>& chunk = {}) {
   support::NcMaker nc(path, mode);
   const int time = nc.dim("time", 1);
   const int depth = nc.dim("depth", levels);
@@ -37,6 +39,7 @@ void makeWideSet(const std::string& path, int mode, std::size_t levels, std::siz
                             axis("lat", lat, 2, "degrees_north", 0.01),
                             axis("lon", lon, columns, "degrees_east", 0.01)};
   const int v = nc.var("v", type, {time, depth, lat, lon});
+  if (!chunk.empty()) nc_def_var_chunking(nc.id(), v, NC_CHUNKED, chunk.data());
   for (const auto& [variable, places] : axes) nc.put(variable, places);
   if (!values.empty()) nc.put(v, values);
 }
@@ -81,6 +84,27 @@ TEST_F(LargeSection, IsReadInPiecesWithTheSameValues) {
     for (const std::size_t count : read.count) elements *= count;
     EXPECT_LE(elements, static_cast<std::size_t>(ocxNetNc::kMostPerRequest));
   }
+}
+
+// Every piece would unpack all chunks again.
+TEST_F(LargeSection, IsReadAtOnceFromChunks) {
+  constexpr std::size_t kLevels = 200;
+  constexpr std::size_t kColumns = 6000;
+  std::vector<double> values(kLevels * 2 * kColumns);
+  for (std::size_t n = 0; n < values.size(); ++n) values[n] = static_cast<double>(n % 32003);
+  makeWideSet(folder.file("chunks.nc"), NC_NETCDF4, kLevels, kColumns, NC_SHORT, values,
+              {1, kLevels, 2, 500});
+  makeWideSet(folder.file("classic.nc"), 0, kLevels, kColumns, NC_SHORT, values);
+  const std::vector<SectionPoint> row = {{0, 0.01F}, {59.99F, 0.01F}};
+  ASSERT_NO_FATAL_FAILURE(openAlong(folder.file("classic.nc"), row));
+  ASSERT_EQ(ReadVSData(VarShown, 1), 1) << util::LastError;
+  const std::vector<float> expected(section_values.values().begin(), section_values.values().end());
+  ASSERT_GT(expected.size(), static_cast<std::size_t>(ocxNetNc::kMostPerRequest));
+  ASSERT_NO_FATAL_FAILURE(openAlong(folder.file("chunks.nc"), row));
+  const ReadRecorder recorder;
+  ASSERT_EQ(ReadVSData(VarShown, 1), 1) << util::LastError;
+  EXPECT_TRUE(std::ranges::equal(section_values.values(), expected));
+  EXPECT_EQ(recorder.reads().size(), 1U);
 }
 
 // A file of a few kilobytes can describe two milliards of values.
