@@ -43,12 +43,36 @@ bool hasAngle(const Variable& variable) {
   return units.empty() || startsWithOne(units, {"DEG", "RAD"});
 }
 
+// "degrees_east", "degree_E", "deg_E" and all others that are seen.
+bool hasUnitsToward(const Variable& variable, const std::string& direction) {
+  const std::string units = unitsOf(variable), letter = direction.substr(0, 1);
+  if (units == "DEG_" + letter) return true;
+  for (const std::string start : {"DEGREES", "DEGREE"}) {
+    for (const std::string& end : {"_" + direction, " " + direction, "_" + letter, letter}) {
+      if (units == start + end) return true;
+    }
+  }
+  return false;
+}
+
 bool namesPosition(const Variable& variable, std::string_view part, std::string_view whole) {
   const std::string name = upper(variable.name);
   return name == part || name.starts_with(whole) || name == "NAV_" + std::string(part) ||
          name.starts_with(std::string(part) + "_") || name == "X" + std::string(whole) ||
          name == "C" + std::string(part) || name == "T" + std::string(part) ||
          name == "G" + std::string(part) || (name.starts_with(part) && name.size() <= 5);
+}
+
+// The words for one of the two horizontal coordinates.
+struct Position {
+  const char *direction, *standardName, *part, *whole;
+};
+
+bool isPosition(const Variable& variable, const Position& words) {
+  if (variable.type == NC_CHAR || isRotated(variable)) return false;
+  if (hasUnitsToward(variable, words.direction)) return true;
+  return hasAngle(variable) && (standardName(variable) == words.standardName ||
+                                namesPosition(variable, words.part, words.whole));
 }
 
 bool isCount(const std::string& units) {
@@ -62,23 +86,11 @@ bool isDegrees(const std::string& units) { return ocxStrings::hasPrefix(units, "
 bool isRadians(const std::string& units) { return ocxStrings::hasPrefix(units, "RAD"); }
 
 bool isLongitude(const Variable& variable) {
-  if (variable.type == NC_CHAR || isRotated(variable)) return false;
-  if (isOne(unitsOf(variable), {"DEGREES_EAST", "DEGREE_EAST", "DEGREES EAST", "DEGREE EAST",
-                                "DEGREES_E", "DEGREE_E", "DEGREEE", "DEGREESE", "DEG_E"})) {
-    return true;
-  }
-  return hasAngle(variable) &&
-         (standardName(variable) == "longitude" || namesPosition(variable, "LON", "LONG"));
+  return isPosition(variable, {"EAST", "longitude", "LON", "LONG"});
 }
 
 bool isLatitude(const Variable& variable) {
-  if (variable.type == NC_CHAR || isRotated(variable)) return false;
-  if (isOne(unitsOf(variable), {"DEGREES_NORTH", "DEGREE_NORTH", "DEGREES NORTH", "DEGREE NORTH",
-                                "DEGREES_N", "DEGREE_N", "DEGREEN", "DEGREESN", "DEG_N"})) {
-    return true;
-  }
-  return hasAngle(variable) &&
-         (standardName(variable) == "latitude" || namesPosition(variable, "LAT", "LATI"));
+  return isPosition(variable, {"NORTH", "latitude", "LAT", "LATI"});
 }
 
 bool isTime(const Variable& variable) {
