@@ -11,13 +11,13 @@
 
 namespace bench {
 
-// Registers a benchmark: prepare(state) makes the thing to measure, a function of nothing that
-// lives as long as what it refers to. What is thrown becomes the benchmark's error.
-template <class Prepare>
-benchmark::internal::Benchmark* add(const std::string& name, Prepare prepare) {
-  const auto run = [prepare](benchmark::State& state) {
+// Registers a benchmark: body(state) makes what it needs and measures. What is thrown becomes the
+// benchmark's error.
+template <class Body>
+benchmark::internal::Benchmark* add(const std::string& name, Body body) {
+  const auto run = [body](benchmark::State& state) {
     try {
-      prepare(state);
+      body(state);
     } catch (const std::exception& error) {
       state.SkipWithError(error.what());
     }
@@ -28,7 +28,7 @@ benchmark::internal::Benchmark* add(const std::string& name, Prepare prepare) {
       ->UseRealTime();
 }
 
-// Measures what a function does. It runs once before, which warms every cache and counts the
+// Measures what a function does. It runs twice before: once to warm every cache, once to count the
 // allocations.
 template <class Work>
 void measure(benchmark::State& state, Work work) {
