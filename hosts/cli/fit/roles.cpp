@@ -82,7 +82,6 @@ bool isCount(const std::string& units) {
 
 }  // namespace
 
-bool isDegrees(const std::string& units) { return ocxStrings::hasPrefix(units, "DEG"); }
 bool isRadians(const std::string& units) { return ocxStrings::hasPrefix(units, "RAD"); }
 
 bool isLongitude(const Variable& variable) {

@@ -18,8 +18,7 @@ Vertical verticalOf(const Variable& variable);
 bool soundsLikeTime(const std::string& dimension);
 Vertical verticalOfName(const std::string& dimension);
 
-// "degrees", "degree_east", ...
-bool isDegrees(const std::string& units);
+// "radian", "radians", ...
 bool isRadians(const std::string& units);
 
 }  // namespace cli::fit
