@@ -12,6 +12,7 @@
 #include "section/extremes.h"
 #include "section/sectionPath.h"
 #include "section/sectionValues.h"
+#include "util/RuntimeError.h"
 #include "util/lastError.h"
 #include "util/numberText.h"
 #include "util/rounding.h"
@@ -104,7 +105,8 @@ bool beginHyperslab(const ocxNetNc::NcVar& variable, Axes& axes) {
   axes.level = static_cast<std::size_t>(level);
   axes.time = static_cast<std::size_t>(time);
   NcCount[axes.level] = ncf.nlevels;
-  // Two different dimensions were found above, so there are two last ones.
+  // A catalogue left half made can have one dimension for both: then there are no two last ones.
+  if (ndims < 2) util::raise(util::kSubscript);
   axes.lon = ncf.grid_order == 1 ? ndims - 2 : ndims - 1;
   axes.lat = ncf.grid_order == 1 ? ndims - 1 : ndims - 2;
   return true;

@@ -72,6 +72,13 @@ TEST_F(FailedRead, ReportsVariablesThatLackAnAxis) {
   expectRefusal(VarShown, 1, "[ReadVSData] Time dimension ID not identified");
 }
 
+// As after an opening that failed between the two.
+TEST_F(FailedRead, ReportsAVariableWhoseOneDimensionIsLevelAndTime) {
+  ncf.grid_order = 2;
+  ncf.level_dId = ncf.time_dId;
+  expectRefusal(ncf.time_vId, 1, "[ReadVSData] Error: Subscript out of range");
+}
+
 TEST_F(FailedRead, KeepsTheHeldGridWhenThereIsNoColumn) {
   ASSERT_EQ(ReadVSData(VarShown, 1), 1);
   DrawItems(1).maximum = 77;
