@@ -94,7 +94,7 @@ TEST_F(Info, ListsEverythingAsJson) {
     "notes": [],
     "verdict": "drawable", "summary": "Sections of 2 variables can be drawn",
     "format": "classic",
-    "command": "kelvane draw small.nc --var temp --path \"351.2,-0.8 360.8,0.8\" -o section.png",
+    "command": "kelvane draw small.nc --var temp --path \"351.2,-0.8 360,0.5\" -o section.png",
     "advice": "It can be drawn as it is:"
   })"));
 }
