@@ -11,147 +11,16 @@
 
 #include "netcdf/NetCDF.h"
 #include "netcdf/readAhead.h"
+#include "targets/support/DataSet.h"
 #include "targets/support/must.h"
 
 namespace fuzz {
 namespace {
 
-struct Dimension {
-  std::string name;
-  std::size_t length = 0;
-};
-struct Attribute {
-  std::string name;
-  nc_type type = NC_CHAR;
-  std::string text;             // of NC_CHAR
-  std::vector<double> numbers;  // of any other type
-  std::size_t length() const { return type == NC_CHAR ? text.size() : numbers.size(); }
-};
-struct Variable {
-  std::string name;
-  nc_type type = NC_FLOAT;
-  std::vector<int> dimensions;
-  std::vector<Attribute> attributes;
-};
-struct DataSet {
-  std::vector<Dimension> dimensions;
-  std::vector<Variable> variables;
-  std::vector<Attribute> attributes;
-  int unlimited = -1;
-};
-
 Input* input = nullptr;
 DataSet held;
 bool open = false;
 bool faultless = true;
-
-std::string anyName() {
-  static constexpr const char* kNames[] = {"lon",  "lat",   "time",  "depth",        "temp",
-                                           "zeta", "icell", "jcell", "ncell",        "level",
-                                           "x",    "y",     "units", "scale_factor", "add_offset",
-                                           "missing_value", "valid_range", "long_name", "_FillValue"};
-  const uint8_t got = input->byte();
-  // No name is empty or holds a zero byte.
-  if (got == '"') return "_" + std::string(input->text(NC_MAX_NAME - 1).c_str());
-  return kNames[got % std::size(kNames)];
-}
-
-std::string anyText() {
-  static constexpr const char* kTexts[] = {
-      "degrees_east", "degrees_north", "days since 1990-01-01", "hours since 1-JAN-1970 00:00",
-      "months", "m", "seconds since 2000-01-01T00:00:00Z"};
-  const uint8_t got = input->byte();
-  if (got == '"') return input->text();
-  return kTexts[got % std::size(kTexts)];
-}
-
-nc_type anyType() {
-  const int32_t got = input->choice(16);
-  return got <= NC_STRING ? got : NC_FLOAT;
-}
-
-// Lengths that can be held, and those that nothing can hold.
-std::size_t anyLength() {
-  const int32_t got = input->choice(32);
-  if (got < 26) return static_cast<std::size_t>(got);
-  return std::array<std::size_t, 6>{std::size_t{1} << 27, std::size_t{1} << 31,
-                                    (std::size_t{1} << 32) + 3, std::size_t{1} << 62, 100, 40}
-      [static_cast<std::size_t>(got - 26)];
-}
-
-std::vector<Attribute> anyAttributes() {
-  std::vector<Attribute> made(static_cast<std::size_t>(input->choice(18)) % 6);
-  if (input->choice(64) == 63) made.resize(20);
-  for (Attribute& one : made) {
-    one.name = anyName();
-    one.type = input->coin() ? anyType() : NC_CHAR;
-    if (one.type == NC_CHAR) {
-      one.text = anyText();
-    } else {
-      one.numbers.resize(static_cast<std::size_t>(input->choice(4)));
-      for (double& number : one.numbers) number = input->real();
-    }
-  }
-  return made;
-}
-
-// A regular grid of longitudes, latitudes, depths and times that every change starts from.
-DataSet regular() {
-  const auto units = [](const char* text) {
-    return std::vector<Attribute>{{"units", NC_CHAR, text, {}}};
-  };
-  return {{{"lon", 6}, {"lat", 5}, {"depth", 3}, {"time", 2}},
-          {{"lon", NC_FLOAT, {0}, units("degrees_east")},
-           {"lat", NC_DOUBLE, {1}, units("degrees_north")},
-           {"depth", NC_FLOAT, {2}, units("m")},
-           {"time", NC_DOUBLE, {3}, units("days since 1990-01-01")},
-           {"temp", NC_FLOAT, {3, 2, 1, 0}, units("degC")}},
-          {},
-          3};
-}
-
-int anyDimension() {
-  return input->choice(static_cast<int32_t>(std::max<std::size_t>(held.dimensions.size(), 1)));
-}
-
-void changeDataSet() {
-  switch (input->choice(8)) {
-    case 0:
-      held.dimensions.push_back({anyName(), anyLength()});
-      break;
-    case 1:
-      if (held.dimensions.empty()) break;
-      held.dimensions[static_cast<std::size_t>(anyDimension())] = {anyName(), anyLength()};
-      break;
-    case 2: {
-      Variable variable{anyName(), anyType(), {}, {}};
-      for (int32_t left = input->choice(8); left > 0; --left) {
-        variable.dimensions.push_back(anyDimension());
-      }
-      variable.attributes = anyAttributes();
-      held.variables.push_back(variable);
-      break;
-    }
-    case 3:
-      held.attributes = anyAttributes();
-      break;
-    case 4:
-      held.unlimited = input->choice(6) - 1;
-      break;
-    default: {
-      if (held.variables.empty()) break;
-      Variable& variable = held.variables[static_cast<std::size_t>(
-          input->choice(static_cast<int32_t>(held.variables.size())))];
-      if (input->coin()) variable.attributes = anyAttributes();
-      if (input->coin()) variable.type = anyType();
-      if (input->coin()) variable.name = anyName();
-      if (input->coin() && !variable.dimensions.empty()) {
-        variable.dimensions[0] = anyDimension();
-      }
-      break;
-    }
-  }
-}
 
 // A refusal now and then, where the input wants any.
 int status() {
@@ -257,7 +126,7 @@ int hyperslab(int, int number, const std::size_t* start, const std::size_t* coun
 int openDataSet(const char*, int mode, int* id) {
   MUST(mode == NC_NOWRITE && !open);
   if (const int refusal = status()) return refusal;
-  for (int32_t left = input->choice(10); left > 0; --left) changeDataSet();
+  for (int32_t left = input->choice(10); left > 0; --left) changeDataSet(held, *input);
   open = true;
   *id = 0;
   return NC_NOERR;
@@ -277,7 +146,7 @@ Storage anyStorage() {
       [static_cast<std::size_t>(input->choice(4))];
   made.kind = std::array{NC_CONTIGUOUS, NC_CHUNKED, NC_COMPACT, 99}
       [static_cast<std::size_t>(input->choice(4))];
-  for (std::size_t& length : made.chunk) length = anyLength();
+  for (std::size_t& length : made.chunk) length = anyLength(*input);
   return made;
 }
 
@@ -305,7 +174,7 @@ void putReadingAheadBefore(NetCDF::EntryPoints& calls) {
 
 FakeLibrary::FakeLibrary(Input& from) {
   input = &from;
-  held = regular();
+  held = regularDataSet();
   open = false;
   faultless = from.coin();
   storage = from.coin() ? anyStorage() : Storage{};
@@ -409,8 +278,8 @@ FakeLibrary::FakeLibrary(Input& from) {
   calls.nc_inq_var_chunking = variableChunking;
   calls.nc_get_var_chunk_cache = [](int, int, std::size_t* bytes, std::size_t* slots,
                                     float* preemption) {
-    *bytes = anyLength();
-    *slots = anyLength();
+    *bytes = anyLength(*input);
+    *slots = anyLength(*input);
     *preemption = 0.75F;
     return status();
   };
