@@ -52,6 +52,7 @@ void takePermissions(const std::string& from, const std::string& to) {
 
 UnfinishedFile::UnfinishedFile(const std::string& path)
     : target_(targetOf(path)), path_(partOf(target_)), signals_(path_) {
+  // Told here by the name that the user gave: whoever writes the part would name that.
   const fs::path folder = fs::path(target_).parent_path();
   if (::access(folder.empty() ? "." : folder.c_str(), W_OK | X_OK) != 0) fail(path);
 }

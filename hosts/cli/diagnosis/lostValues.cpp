@@ -4,6 +4,7 @@
 #include <cmath>
 #include <vector>
 
+#include "diagnosis/headerFacts.h"
 #include "fit/missing.h"
 
 namespace cli::diagnosis {
@@ -30,12 +31,13 @@ Stretch stretchAt(const std::vector<std::size_t>& lengths, double part) {
   return stretch;
 }
 
-std::vector<double> numbersForMissing(const Variable& variable) {
-  std::vector<double> numbers = {fit::controlMissing(variable.attributes), fit::kNewFill};
+// missing: the number that the control goes by.
+std::vector<double> numbersForMissing(const Variable& variable, double missing) {
+  std::vector<double> numbers = {missing, fit::kNewFill};
   for (const char* name : {"_FillValue", "missing_value"}) {
     const Attribute* found = find(variable.attributes, name);
-    if (found != nullptr)
-      numbers.insert(numbers.end(), found->numbers.begin(), found->numbers.end());
+    if (found == nullptr) continue;
+    numbers.insert(numbers.end(), found->numbers.begin(), found->numbers.end());
   }
   return numbers;
 }
@@ -46,11 +48,11 @@ std::optional<double> lostValue(const Header& header, const Variable& variable) 
   if (variable.type < NC_BYTE || variable.type > NC_DOUBLE || variable.type == NC_CHAR) return {};
   std::vector<std::size_t> lengths;
   for (const int dim : variable.dims) {
-    lengths.push_back(header.dims[static_cast<std::size_t>(dim)].length);
+    lengths.push_back(dimensionOf(header, dim).length);
     if (lengths.back() == 0) return {};
   }
   const double missing = fit::controlMissing(variable.attributes);
-  const std::vector<double> known = numbersForMissing(variable);
+  const std::vector<double> known = numbersForMissing(variable, missing);
   std::vector<double> values;
   for (const double part : {0.0, 0.5, 1.0}) {
     const Stretch stretch = stretchAt(lengths, part);
